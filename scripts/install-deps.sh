@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs every Debian package that building, running and testing need. Safe to run again.
+set -euo pipefail
+
+packages=(
+    build-essential cmake ninja-build pkg-config clang
+    libfreetype-dev libfontconfig-dev libdmtx-dev liblodepng-dev
+    libboost-dev libboost-locale-dev
+    libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev fonts-dejavu-core
+    gcc-multilib g++-multilib
+)
+
+missing=()
+for p in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+sudo=""
+[ "$(id -u)" -eq 0 ] || sudo="sudo"
+export DEBIAN_FRONTEND=noninteractive
+if [ -z "$(ls -A /var/lib/apt/lists 2>/dev/null | grep -v -e lock -e partial)" ]; then
+    $sudo apt-get update -qq
+fi
+$sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null ||
+    { $sudo apt-get update -qq && $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null; }
