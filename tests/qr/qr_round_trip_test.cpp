@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+
+#include <ZXing/ReadBarcode.h>
+
+#include <string>
+#include <vector>
+
+#include "BarcodeLib/QR/qr_code.h"
+#include "BarcodeLib/QR/qr_tables.h"
+
+namespace {
+
+const ErrorCorrectionLevels kLevels[] = {LevelL, LevelM, LevelQ, LevelH};
+
+struct Decoded {
+    bool valid = false;
+    std::string bytes;
+    std::string level;
+};
+
+// Renders the matrix as it stands, one grey pixel a cell, black for ColorBlack only.
+Decoded decode(const BitmapMatrix& matrix, bool pure) {
+    const int size = matrix.getSize();
+    std::vector<uint8_t> pixels(static_cast<size_t>(size) * size);
+    for (int y = 0; y < size; ++y) {
+        for (int x = 0; x < size; ++x) {
+            pixels[static_cast<size_t>(y) * size + x] =
+                matrix.getColor(x, y) == ColorBlack ? 0 : 255;
+        }
+    }
+    ZXing::DecodeHints hints;
+    hints.setFormats(ZXing::BarcodeFormat::QRCode).setIsPure(pure).setTryRotate(false);
+    const ZXing::Result result = ZXing::ReadBarcode(
+        ZXing::ImageView(pixels.data(), size, size, ZXing::ImageFormat::Lum), hints);
+    Decoded decoded;
+    decoded.valid = result.isValid();
+    decoded.bytes.assign(result.bytes().begin(), result.bytes().end());
+    const std::wstring level = result.ecLevel();
+    decoded.level.assign(level.begin(), level.end());
+    return decoded;
+}
+
+std::string message(size_t length) {
+    static const char kAlphabet[] = "The quick brown fox jumps over 13 lazy dogs; ";
+    std::string text;
+    for (size_t i = 0; i < length; ++i) {
+        text += kAlphabet[i % (sizeof(kAlphabet) - 1)];
+    }
+    return text;
+}
+
+// Longest message that fits the version at the level.
+size_t capacityBytes(ErrorCorrectionLevels level, int versionIndex) {
+    const int header = versionIndex < 9 ? 12 : 20;
+    return static_cast<size_t>((kDataBitsTable[level][versionIndex] - header) / 8);
+}
+
+}  // namespace
+
+TEST(QRRoundTrip, EveryVersionAtItsCapacityEdgeDecodes) {
+    const char* kLevelNames[] = {"L", "M", "Q", "H"};
+    for (ErrorCorrectionLevels level : kLevels) {
+        for (int v = 0; v < kVersionCount; ++v) {
+            SCOPED_TRACE("level " + std::string(kLevelNames[level]) + " version " +
+                         std::to_string(v + 1));
+            const std::string text = message(capacityBytes(level, v));
+            QRSymbol symbol;
+            ASSERT_TRUE(QRcode::encodeSymbol(text.c_str(), level, false, symbol));
+            EXPECT_EQ(symbol.versionIndex, v);
+            EXPECT_EQ(symbol.modulesPerSide(), 17 + 4 * (v + 1));
+
+            const Decoded decoded = decode(QRcode::changeImageSize(symbol.matrix, 2), true);
+            ASSERT_TRUE(decoded.valid);
+            EXPECT_EQ(decoded.bytes, text);
+            EXPECT_EQ(decoded.level, kLevelNames[level]);
+
+            const std::string longer = message(text.size() + 1);
+            QRSymbol next;
+            const bool fits = QRcode::encodeSymbol(longer.c_str(), level, false, next);
+            EXPECT_EQ(fits, v + 1 < kVersionCount);
+            if (fits) {
+                EXPECT_EQ(next.versionIndex, v + 1);
+            }
+        }
+    }
+}
+
+TEST(QRRoundTrip, Utf8TextGoesInAsItsBytes) {
+    const std::string texts[] = {
+        "Съешь же ещё этих мягких французских булок, да выпей чаю",
+        "QR \xF0\x9F\x98\x80 \xF0\x9F\x9A\x80 \xF0\x9F\x8C\x8D ok",
+    };
+    for (const std::string& text : texts) {
+        for (ErrorCorrectionLevels level : kLevels) {
+            std::unique_ptr<BitmapMatrix> matrix;
+            ASSERT_TRUE(QRcode::generateQRBitmapMatrix(text.c_str(), level, 300, matrix, false));
+            const Decoded decoded = decode(*matrix, false);
+            ASSERT_TRUE(decoded.valid) << text;
+            EXPECT_EQ(decoded.bytes, text);
+        }
+    }
+}
