@@ -1,5 +1,7 @@
 #pragma once
 
+#include "BarcodeLib/QR/qr_levels.h"
+
 // Constant tables of the QR encoder. Level-indexed tables use ErrorCorrectionLevels order (L, M,
 // Q, H); version-indexed ones the version number less one.
 

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "BarcodeLib/QR/qr_code.h"
+#include "BarcodeLib/QR/qr_encoded_data.h"
+#include "BarcodeLib/QR/qr_masking.h"
 #include "BarcodeLib/QR/qr_tables.h"
 
 namespace {
@@ -96,6 +98,31 @@ TEST(QRRoundTrip, Utf8TextGoesInAsItsBytes) {
             ASSERT_TRUE(QRcode::generateQRBitmapMatrix(text.c_str(), level, 300, matrix, false));
             const Decoded decoded = decode(*matrix, false);
             ASSERT_TRUE(decoded.valid) << text;
+            EXPECT_EQ(decoded.bytes, text);
+        }
+    }
+}
+
+TEST(QRRoundTrip, EveryMaskDecodes) {
+    // Version 2 has remainder bits, version 7 the first version information.
+    for (const short version : {1, 6}) {
+        const std::string text = message(capacityBytes(LevelQ, version));
+        QRBitStream bits;
+        short v = -1;
+        ASSERT_TRUE(getEncodedData(text.c_str(), LevelQ, bits, v, false));
+        ASSERT_EQ(v, version);
+        const int n = kImageSizeTable[v];
+        for (int mask = 0; mask < kMaskCount; ++mask) {
+            BitmapMatrix matrix(n + 2 * kIndentSize);
+            QRcode::drawIndent(matrix);
+            QRcode::drawDetectionPatterns(matrix, n);
+            QRcode::drawAllAlignmentPatterns(matrix, v);
+            QRcode::drawSynchronizationLine(matrix, n);
+            QRcode::drawVersionCode(matrix, v);
+            drawMaskCode(LevelQ, n, matrix, mask);
+            drawData(bits, n, matrix, kMaskFunctions[mask]);
+            const Decoded decoded = decode(QRcode::changeImageSize(matrix, 3), false);
+            ASSERT_TRUE(decoded.valid) << "version " << v + 1 << " mask " << mask;
             EXPECT_EQ(decoded.bytes, text);
         }
     }
