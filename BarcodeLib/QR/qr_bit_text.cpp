@@ -1,7 +1,6 @@
 #include "BarcodeLib/QR/qr_bit_text.h"
 
 #include <cstddef>
-
 #include <cstring>
 
 #include "BarcodeLib/QR/qr_tables.h"

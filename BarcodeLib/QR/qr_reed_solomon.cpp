@@ -1,7 +1,6 @@
 #include "BarcodeLib/QR/qr_reed_solomon.h"
 
 #include <cstddef>
-
 #include <algorithm>
 
 #include "BarcodeLib/QR/qr_tables.h"

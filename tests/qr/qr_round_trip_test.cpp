@@ -9,6 +9,7 @@
 #include "BarcodeLib/QR/qr_encoded_data.h"
 #include "BarcodeLib/QR/qr_masking.h"
 #include "BarcodeLib/QR/qr_tables.h"
+#include "tests/qr/qr_test_support.h"
 
 namespace {
 
@@ -42,6 +43,16 @@ Decoded decode(const BitmapMatrix& matrix, bool pure) {
     return decoded;
 }
 
+int emptyCells(const BitmapMatrix& matrix) {
+    int count = 0;
+    for (int x = 0; x < matrix.getSize(); ++x) {
+        for (int y = 0; y < matrix.getSize(); ++y) {
+            count += matrix.getColor(x, y) == ColorEmpty;
+        }
+    }
+    return count;
+}
+
 std::string message(size_t length) {
     static const char kAlphabet[] = "The quick brown fox jumps over 13 lazy dogs; ";
     std::string text;
@@ -70,6 +81,7 @@ TEST(QRRoundTrip, EveryVersionAtItsCapacityEdgeDecodes) {
             ASSERT_TRUE(QRcode::encodeSymbol(text.c_str(), level, false, symbol));
             EXPECT_EQ(symbol.versionIndex, v);
             EXPECT_EQ(symbol.modulesPerSide(), 17 + 4 * (v + 1));
+            EXPECT_EQ(emptyCells(symbol.matrix), 0) << "remainder modules must be filled";
 
             const Decoded decoded = decode(QRcode::changeImageSize(symbol.matrix, 2), true);
             ASSERT_TRUE(decoded.valid);
@@ -113,12 +125,7 @@ TEST(QRRoundTrip, EveryMaskDecodes) {
         ASSERT_EQ(v, version);
         const int n = kImageSizeTable[v];
         for (int mask = 0; mask < kMaskCount; ++mask) {
-            BitmapMatrix matrix(n + 2 * kIndentSize);
-            QRcode::drawIndent(matrix);
-            QRcode::drawDetectionPatterns(matrix, n);
-            QRcode::drawAllAlignmentPatterns(matrix, v);
-            QRcode::drawSynchronizationLine(matrix, n);
-            QRcode::drawVersionCode(matrix, v);
+            BitmapMatrix matrix = functionPatterns(v);
             drawMaskCode(LevelQ, n, matrix, mask);
             drawData(bits, n, matrix, kMaskFunctions[mask]);
             const Decoded decoded = decode(QRcode::changeImageSize(matrix, 3), false);

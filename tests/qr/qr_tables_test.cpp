@@ -23,25 +23,14 @@ int bchRemainder(int value, int generator) {
     return remainder;
 }
 
-int popCount(int value) {
-    int count = 0;
-    for (; value != 0; value &= value - 1) {
-        ++count;
-    }
-    return count;
-}
-
 }  // namespace
 
 TEST(QRTables, GaloisTablesArePowersAndLogarithmsOfTwo) {
     EXPECT_EQ(kGaloisLogTable[0], -1);
-    std::set<int> seen;
     for (int i = 0; i < 255; ++i) {
         ASSERT_EQ(kGaloisExpTable[i], gfPower(i)) << i;
         EXPECT_EQ(kGaloisLogTable[kGaloisExpTable[i]], i);
-        seen.insert(kGaloisExpTable[i]);
     }
-    EXPECT_EQ(seen.size(), 255u);
     EXPECT_EQ(kGaloisExpTable[255], 1);
 }
 
@@ -75,7 +64,6 @@ TEST(QRTables, GeneratorsAreProductsOfTheFirstPowersOfAlpha) {
 
 TEST(QRTables, FormatInformationIsTheMaskedBchCode) {
     const int kLevelBits[kLevelCount] = {1, 0, 3, 2};
-    std::vector<int> codes;
     for (int level = 0; level < kLevelCount; ++level) {
         for (int mask = 0; mask < kMaskCount; ++mask) {
             const int data = (kLevelBits[level] << 3) | mask;
@@ -85,12 +73,6 @@ TEST(QRTables, FormatInformationIsTheMaskedBchCode) {
                 listed = (listed << 1) | kMaskCodeTable[level][mask][bit];
             }
             EXPECT_EQ(listed, expected) << "level " << level << " mask " << mask;
-            codes.push_back(listed);
-        }
-    }
-    for (size_t i = 0; i < codes.size(); ++i) {
-        for (size_t j = i + 1; j < codes.size(); ++j) {
-            EXPECT_GE(popCount(codes[i] ^ codes[j]), 7);
         }
     }
 }

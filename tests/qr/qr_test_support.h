@@ -1,5 +1,8 @@
 #pragma once
 
+#include "BarcodeLib/QR/qr_code.h"
+#include "BarcodeLib/QR/qr_tables.h"
+
 // Arithmetic the tests use to check the encoder's tables without reading them.
 
 // Product in GF(256) with the field polynomial x^8 + x^4 + x^3 + x^2 + 1.
@@ -46,4 +49,30 @@ inline int dataModuleCount(int version) {
     const int format = 2 * 15 + 1;
     const int versionInfo = version >= 7 ? 2 * 18 : 0;
     return n * n - finders - timing - format - versionInfo - 25 * patterns + 5 * onTimingLines;
+}
+
+// Finder, alignment, timing and version patterns of a version, as the encoder lays them.
+inline BitmapMatrix functionPatterns(short versionIndex) {
+    const int n = kImageSizeTable[versionIndex];
+    BitmapMatrix matrix(n + 2 * kIndentSize);
+    QRcode::drawIndent(matrix);
+    QRcode::drawDetectionPatterns(matrix, n);
+    QRcode::drawAllAlignmentPatterns(matrix, versionIndex);
+    QRcode::drawSynchronizationLine(matrix, n);
+    QRcode::drawVersionCode(matrix, versionIndex);
+    return matrix;
+}
+
+inline bool sameCells(const BitmapMatrix& a, const BitmapMatrix& b) {
+    if (a.getSize() != b.getSize()) {
+        return false;
+    }
+    for (int x = 0; x < a.getSize(); ++x) {
+        for (int y = 0; y < a.getSize(); ++y) {
+            if (a.getColor(x, y) != b.getColor(x, y)) {
+                return false;
+            }
+        }
+    }
+    return true;
 }
