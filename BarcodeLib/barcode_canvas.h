@@ -1,0 +1,27 @@
+#pragma once
+
+namespace BarcodeVelko {
+
+class AbstractBarcodeCanvasImp;
+
+// What the tree draws on; every operation goes to the implementor it owns.
+class BarcodeCanvas {
+public:
+    explicit BarcodeCanvas(AbstractBarcodeCanvasImp* imp);
+    BarcodeCanvas(const BarcodeCanvas&) = delete;
+    BarcodeCanvas& operator=(const BarcodeCanvas&) = delete;
+
+    virtual unsigned getWidth();
+    virtual unsigned getHeight();
+    virtual void getXY(unsigned* x, unsigned* y);
+    virtual void setXY(unsigned x, unsigned y);
+    virtual void drawSpace(unsigned width, unsigned height, bool last);
+    virtual void drawBar(unsigned width, unsigned height, bool last);
+    virtual void drawText(unsigned width, unsigned height, const wchar_t* text);
+    virtual ~BarcodeCanvas();
+
+private:
+    AbstractBarcodeCanvasImp* imp;
+};
+
+}  // namespace BarcodeVelko
