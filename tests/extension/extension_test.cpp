@@ -1,0 +1,264 @@
+#include <gtest/gtest.h>
+
+#include <ZXing/BarcodeFormat.h>
+
+#include <clocale>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "tests/support/scan_harness.h"
+#include "tools/host/extension_library.h"
+#include "tools/host/extension_session.h"
+#include "tools/host/host_strings.h"
+
+using VelkoHost::ExtensionLibrary;
+using VelkoHost::ExtensionSession;
+using VelkoHost::Value;
+
+namespace {
+
+const ExtensionLibrary& library() {
+    static const ExtensionLibrary loaded(ExtensionLibrary::defaultPath());
+    return loaded;
+}
+
+std::vector<unsigned short> host(const std::string& utf8) {
+    const std::u16string units = VelkoHost::toUtf16(utf8);
+    std::vector<unsigned short> text(units.begin(), units.end());
+    text.push_back(0);
+    return text;
+}
+
+// Every session ends with the allocator's books balanced and no buffer overrun or foreign.
+class ExtensionTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(library().loaded()) << library().error();
+        ASSERT_NE(session.object(), nullptr);
+    }
+    void TearDown() override {
+        EXPECT_FALSE(session.sawBufferFault());
+        EXPECT_EQ(session.memory().outstanding(), 0u);
+    }
+
+    IVelkoExtension& object() { return *session.object(); }
+
+    ExtensionSession session{library()};
+};
+
+TEST_F(ExtensionTest, RegistersAndCountsItsTables) {
+    EXPECT_EQ(session.registeredName(), "Barcode");
+    EXPECT_EQ(object().GetNProps(), 43);
+    EXPECT_EQ(object().GetNMethods(), 3);
+    EXPECT_EQ(object().GetInfo(), 2004);
+    EXPECT_EQ(library().setPlatformCapabilities(0), 1);
+    EXPECT_EQ(VelkoHost::toUtf8(VelkoHost::fromHostString(library().getClassNames())), "CBarcode");
+}
+
+TEST_F(ExtensionTest, FindsNamesInBothLanguagesCaseSensitively) {
+    struct Case {
+        const char* name;
+        long prop;
+        long method;
+    } cases[] = {
+        {"BgColor", 6, -1},     {"ЦветФона", 6, -1},
+        {"bgcolor", -1, -1},    {"ECL", 27, -1},
+        {"LogoImage", 41, -1},  {"RemoveExeedBackgroud", 40, -1},
+        {"GetBarcode", -1, 0},  {"НайтиШрифт", -1, 2},
+        {"getbarcode", -1, -1}, {"МаксимальныйРазмерШрифтаДляПринтеровНизкогоРазрешения", 34, -1},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(object().FindProp(host(c.name).data()), c.prop) << c.name;
+        EXPECT_EQ(object().FindMethod(host(c.name).data()), c.method) << c.name;
+    }
+}
+
+TEST_F(ExtensionTest, NamesComeInHostMemoryOrNotAtAll) {
+    const unsigned short* name = object().GetPropName(1, 1);
+    ASSERT_NE(name, nullptr);
+    EXPECT_EQ(VelkoHost::toUtf8(VelkoHost::fromHostString(name)), "РазмерШрифта");
+    EXPECT_TRUE(session.memory().intact(name));
+    EXPECT_TRUE(session.memory().release(name));
+    const unsigned short* method = object().GetMethodName(1, 0);
+    ASSERT_NE(method, nullptr);
+    EXPECT_EQ(VelkoHost::toUtf8(VelkoHost::fromHostString(method)), "FontAt");
+    EXPECT_TRUE(session.memory().release(method));
+    EXPECT_EQ(object().GetPropName(43, 0), nullptr);
+    EXPECT_EQ(object().GetPropName(0, 2), nullptr);
+    EXPECT_EQ(object().GetMethodName(3, 0), nullptr);
+    session.memory().failNextAllocation();
+    EXPECT_EQ(object().GetPropName(0, 0), nullptr);
+}
+
+TEST_F(ExtensionTest, ReadableAndWritableTables) {
+    for (long i = -1; i <= 44; ++i) {
+        const bool readable = i != 18 && i != 41;
+        const bool writable =
+            !(i == 19 || i == 20 || i == 22 || i == 23 || i == 29 || i == 30 || i == 33 || i == 39);
+        EXPECT_EQ(object().IsPropReadable(i), readable) << i;
+        EXPECT_EQ(object().IsPropWritable(i), writable) << i;
+    }
+    for (long method = 0; method < 4; ++method) {
+        EXPECT_EQ(object().HasRetVal(method), method < 3);
+        EXPECT_EQ(object().GetNParams(method), method == 1 || method == 2 ? 1 : 0);
+        EXPECT_FALSE(object().CallAsProc(method, nullptr, 0));
+    }
+}
+
+TEST_F(ExtensionTest, ReadsDefaultsWithTheirTags) {
+    EXPECT_EQ(session.get("Font"), Value(std::string("default")));
+    EXPECT_EQ(session.get("FontSize"), Value(10));
+    EXPECT_EQ(session.get("TextColor"), Value(static_cast<int>(0xFF000000)));
+    EXPECT_EQ(session.get("TextAlign"), Value(-1));
+    EXPECT_EQ(session.get("TextVisible"), Value(true));
+    EXPECT_EQ(session.get("AspectRatio"), Value(std::string("1:4")));
+    EXPECT_EQ(session.get("Version"), Value(std::string("9.0.12.8")));
+    EXPECT_EQ(session.get("GS1DatabarRowCount"), Value(100));
+    EXPECT_EQ(session.get("GraphicsPresent"), Value(true));
+    EXPECT_EQ(session.get(18), Value());
+    EXPECT_EQ(session.get(43), Value());
+}
+
+TEST_F(ExtensionTest, RefusesWrongTagsAndOutOfRangeIndices) {
+    EXPECT_FALSE(session.set("TextVisible", 1));
+    EXPECT_FALSE(session.set("CodeValue", 12));
+    EXPECT_FALSE(session.set("FontSize", std::string("12")));
+    EXPECT_FALSE(session.set("FontSize", Value()));
+    EXPECT_FALSE(session.set(43, 1));
+    EXPECT_FALSE(session.set(-1, 1));
+    EXPECT_FALSE(session.set("Result", 0));
+    EXPECT_FALSE(session.set("FontCount", 3));
+    EXPECT_EQ(session.get("TextVisible"), Value(true));
+    EXPECT_TRUE(session.host().errors.empty());
+}
+
+TEST_F(ExtensionTest, IntegerWritesFollowTheHostRules) {
+    // Negative offsets and margins are refused; any other negative number arrives as 0.
+    EXPECT_FALSE(session.set("CanvasMargin", -1));
+    EXPECT_EQ(session.get("CanvasMargin"), Value(0));
+    EXPECT_TRUE(session.set("CanvasXOffset", 7));
+    EXPECT_FALSE(session.set("CanvasXOffset", -7));
+    EXPECT_EQ(session.get("CanvasXOffset"), Value(7));
+    EXPECT_TRUE(session.set("FontSize", -1));
+    EXPECT_EQ(session.get("FontSize"), Value(0));
+    EXPECT_TRUE(session.set("BarColor", static_cast<int>(0xFF0000FF)));
+    EXPECT_EQ(session.get("BarColor"), Value(0));
+    // Doubles are truncated, and saturate instead of overflowing.
+    EXPECT_TRUE(session.set("FontSize", 12.9));
+    EXPECT_EQ(session.get("FontSize"), Value(12));
+    EXPECT_TRUE(session.set("Width", 1e12));
+    EXPECT_EQ(session.get("Width"), Value(8000));
+    EXPECT_TRUE(session.set("Width", -1e12));
+    EXPECT_EQ(session.get("Width"), Value(0));
+    // Only the low byte reaches the QR level and the DataBar row count.
+    EXPECT_TRUE(session.set("QRErrorCorrectionLevel", 0x102));
+    EXPECT_EQ(session.get("QRErrorCorrectionLevel"), Value(2));
+    EXPECT_TRUE(session.set("GS1DatabarRowCount", 0x305));
+    EXPECT_EQ(session.get("GS1DatabarRowCount"), Value(5));
+    EXPECT_TRUE(session.set("LogoSizePercentFromBarcode", 42.7));
+    EXPECT_EQ(session.get("LogoSizePercentFromBarcode"), Value(42));
+}
+
+TEST_F(ExtensionTest, CoreExceptionsBecomeHostErrors) {
+    std::setlocale(LC_ALL, "C");
+    EXPECT_FALSE(session.set("BarAlign", 4));
+    EXPECT_FALSE(session.set("AspectRatio", std::string("wide")));
+    ASSERT_EQ(session.host().errors.size(), 2u);
+    for (const auto& error : session.host().errors) {
+        EXPECT_EQ(error.code, 1003);
+        EXPECT_EQ(VelkoHost::toUtf8(error.source), "VelkoBarCode");
+        EXPECT_EQ(static_cast<unsigned long>(error.systemCode) & 0xFFFFFFFFul, 0x80070057ul);
+    }
+    EXPECT_EQ(VelkoHost::toUtf8(session.host().errors[0].description),
+              "Incorrect value of «BarAlign» property. Allowed values are: 0, 1, 2, 3.");
+    EXPECT_EQ(session.get("BarAlign"), Value(2));
+    EXPECT_EQ(session.get("AspectRatio"), Value(std::string("1:4")));
+}
+
+TEST_F(ExtensionTest, CleanPictureScansAndErrorPictureSetsResult) {
+    const std::vector<unsigned char> png = session.getBarcode();
+    EXPECT_EQ(session.get("Result"), Value(0));
+    const VelkoTest::Picture picture = VelkoTest::decodePng(png);
+    EXPECT_EQ(picture.width, 150u);
+    EXPECT_EQ(picture.height, 100u);
+    EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::EAN13), "1234567890128");
+
+    EXPECT_TRUE(session.set("CodeAuto", false));
+    EXPECT_TRUE(session.set("CodeType", 3));
+    EXPECT_TRUE(session.set("CodeValue", std::string("lower case")));
+    const VelkoTest::Picture error = VelkoTest::decodePng(session.getBarcode());
+    EXPECT_EQ(session.get("Result"), Value(1));
+    EXPECT_EQ(error.width, 200u);
+    EXPECT_EQ(error.height, 100u);
+
+    EXPECT_TRUE(session.set("CodeValue", std::string("UPPER")));
+    EXPECT_FALSE(session.getBarcode().empty());
+    EXPECT_EQ(session.get("Result"), Value(0));
+}
+
+TEST_F(ExtensionTest, WithoutMemoryNoPictureIsDelivered) {
+    ExtensionSession bare(library(), false);
+    EXPECT_TRUE(bare.getBarcode().empty());
+    EXPECT_EQ(bare.get("Result"), Value(1));
+    EXPECT_EQ(bare.get("Font"), Value());
+    session.memory().failNextAllocation();
+    EXPECT_TRUE(session.getBarcode().empty());
+    EXPECT_EQ(session.get("Result"), Value(1));
+}
+
+TEST_F(ExtensionTest, LogoIsForOnePictureAndJunkIsNoLogo) {
+    EXPECT_TRUE(session.set("LogoImage", std::string("not a picture at all")));
+    EXPECT_TRUE(session.set("LogoImage", std::string("")));
+    std::ifstream file(std::string(std::getenv("VELKO_SOURCE_DIR")) + "/tests/extension/logo.b64");
+    const std::string logo((std::istreambuf_iterator<char>(file)),
+                           std::istreambuf_iterator<char>());
+    ASSERT_FALSE(logo.empty());
+    EXPECT_TRUE(session.set("LogoImage", logo));
+    EXPECT_TRUE(session.set("LogoSizePercentFromBarcode", 20));
+    session.getBarcode();
+    EXPECT_EQ(session.get("LogoSizePercentFromBarcode"), Value(0));
+}
+
+TEST_F(ExtensionTest, FontMethods) {
+    Value name;
+    const Value count = session.get("FontCount");
+    ASSERT_TRUE(std::holds_alternative<int>(count));
+    EXPECT_FALSE(session.call(1, {std::get<int>(count)}, name));
+    EXPECT_FALSE(session.call(1, {-1}, name));
+    EXPECT_FALSE(session.call(1, {}, name));
+    if (std::get<int>(count) > 0) {
+        ASSERT_TRUE(session.call(1, {0}, name));
+        Value found;
+        ASSERT_TRUE(session.call(2, {name}, found));
+        EXPECT_EQ(found, Value(true));
+    }
+    Value missing;
+    ASSERT_TRUE(session.call(2, {std::string("No Such Font")}, missing));
+    EXPECT_EQ(missing, Value(false));
+    EXPECT_FALSE(session.call(3, {}, missing));
+}
+
+TEST(ExtensionEntryPoints, MakeAndDestroyOnlyWhatTheyShould) {
+    ASSERT_TRUE(library().loaded()) << library().error();
+    IVelkoExtension* object = nullptr;
+    EXPECT_EQ(library().getClassObject(host("Barcode").data(), &object), 0);
+    EXPECT_EQ(library().getClassObject(host("").data(), &object), 0);
+    EXPECT_EQ(library().getClassObject(nullptr, &object), 0);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_NE(library().getClassObject(host("CBarcode").data(), &object), 0);
+    IVelkoExtension* same = object;
+    EXPECT_EQ(library().getClassObject(host("CBarcode").data(), &object),
+              reinterpret_cast<long>(same));
+    EXPECT_EQ(object, same);
+    object->Done();
+    object->Done();
+    EXPECT_EQ(library().destroyObject(&object), 0);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(library().destroyObject(&object), -1);
+    EXPECT_EQ(library().destroyObject(nullptr), -1);
+}
+
+}  // namespace
