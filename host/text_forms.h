@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "host/velko_interfaces.h"
+
+// Host strings are zero-terminated 16-bit units, one unit per character; wide strings hold
+// 32-bit wchar_t; narrow strings are UTF-8. Between host and wide form a unit is copied as a
+// number: characters above U+FFFF keep only their low 16 bits on the way to the host.
+
+unsigned int getLenShortWcharStr(const unsigned short* source);
+
+// A len of 0 means the whole source with its terminator. A null *dest gets a buffer from
+// new[] that the caller frees; otherwise *dest must hold len units. Gives the units written.
+unsigned int convToShortWchar(unsigned short** dest, const wchar_t* source, unsigned int len = 0);
+unsigned int convFromShortWchar(wchar_t** dest, const unsigned short* source, unsigned int len = 0);
+
+// A len of 0 measures the source; any other len gives exactly that many characters.
+std::wstring convFromShortWchar(const unsigned short* source, unsigned int len = 0);
+std::wstring convFromShortWchar(const VelkoVariant& value);
+
+// A copy of source with its terminator in host memory, or null; *length gets the source's
+// length even when nothing could be allocated.
+unsigned short* AllocAndConvert(IVelkoMemory* memory, const wchar_t* source, unsigned int* length);
+VelkoVariant AllocAndConvertVariant(IVelkoMemory* memory, const wchar_t* source);
+
+// Both accept the host's integer and floating tags, doubles truncated toward zero. Other tags,
+// NaN and doubles out of the result's range give false and leave result untouched; for
+// convVarToDWORD negative values wrap to 32 bits as the integer payload does.
+bool convVarToInt(const VelkoVariant& value, int& result);
+bool convVarToDWORD(const VelkoVariant& value, unsigned long& result);
+
+// UTF-8 conversions drop what can't be converted (surrogates, code points from 0x110000 up,
+// broken bytes) and keep the rest; they never throw.
+std::string wstr2str(const std::wstring& text);
+std::wstring str2wstr(const std::string& text);
+
+inline std::string wstrtostr(const std::wstring& text) {
+    return wstr2str(text);
+}
+inline std::string wba2ba(const std::wstring& text) {
+    return wstr2str(text);
+}
+inline std::wstring strtowstr(const std::string& text) {
+    return str2wstr(text);
+}
+inline std::wstring ba2wba(const std::string& text) {
+    return str2wstr(text);
+}

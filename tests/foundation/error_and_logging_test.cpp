@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <pthread.h>
+
+#include <chrono>
+#include <cstdio>
+#include <sstream>
+#include <string>
+#include <thread>
+
+#include "layer/foundation/mutex_locker.h"
+#include "layer/foundation/p_current_thread.h"
+#include "layer/foundation/p_debug_global.h"
+#include "layer/foundation/p_error.h"
+#include "layer/foundation/p_logger.h"
+#include "layer/foundation/time_strings.h"
+#include "layer/foundation/trace.h"
+
+namespace {
+
+TEST(PError, ToStringJoinsOnlyTheFilledParts) {
+    struct Case {
+        PError error;
+        std::wstring text;
+    };
+    const Case cases[] = {
+        {PError(), L"[0]"},
+        {PError(2, PString(L"bad")), L"[2]bad"},
+        {PError(1, PString(L"m"), PString(L"a"), PString(), 5), L"a:5[1]m"},
+        {PError(-3, PString(L"m"), PString(), PString(L"draw"), 0), L"draw:[-3]m"},
+        {PError(4, PString(), PString(L"f.cpp"), PString(L"g"), 12), L"f.cpp:g:12[4]"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(c.error.toString().toStdWString(), c.text);
+    }
+}
+
+TEST(PError, CopiesKeepTheirErrorWhenAnotherChangesOrClears) {
+    PError first(7, PString(L"seven"), PString(L"mod"), PString(L"fn"), 3);
+    PError second = first;
+    second.clear();
+    EXPECT_EQ(second.code(), 0);
+    EXPECT_EQ(second.toString().toStdWString(), L"[0]");
+    EXPECT_EQ(first.code(), 7);
+    EXPECT_EQ(first.module().toStdWString(), L"mod");
+
+    PError third = first;
+    third.setError(8, PString(L"eight"));
+    third.setInfo(PString(L"m2"), PString(), 9);
+    EXPECT_EQ(first.toString().toStdWString(), L"mod:fn:3[7]seven");
+    EXPECT_EQ(third.toString().toStdWString(), L"m2:9[8]eight");
+
+    try {
+        throw third;
+    } catch (const PError& caught) {
+        EXPECT_EQ(caught.code(), 8);
+    }
+}
+
+TEST(PLogger, WritesOnlyWhenOpen) {
+    PLogger closed;
+    EXPECT_FALSE(closed.isOpened());
+    EXPECT_EQ(closed.addNote("%d", 1), -1);
+    closed << 5 << std::string("x");
+
+    EXPECT_FALSE(PLogger(std::string("/nonexistent-dir/log.txt")).isOpened());
+
+    std::ostringstream out;
+    PLogger logger(&out);
+    ASSERT_TRUE(logger.isOpened());
+    logger << static_cast<short>(-1) << 2u << 3.5 << true << std::string("|");
+    EXPECT_EQ(logger.addNote("%s=%d", "n", 42), 4);
+    EXPECT_EQ(out.str(), "-123.51|n=42");
+
+    const std::string path = ::testing::TempDir() + "p_logger_test.txt";
+    {
+        PLogger file(path);
+        ASSERT_TRUE(file.isOpened());
+        file << std::string("line");
+    }
+    std::FILE* written = std::fopen(path.c_str(), "r");
+    ASSERT_NE(written, nullptr);
+    char buffer[16] = {};
+    EXPECT_EQ(std::fread(buffer, 1, sizeof(buffer), written), 4u);
+    std::fclose(written);
+    std::remove(path.c_str());
+}
+
+TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
+    std::ostringstream out;
+    PLogger logger(&out);
+    PLogger* previous = pInstallDebugLogger(&logger);
+    ASSERT_NE(previous, nullptr);
+    EXPECT_EQ(pDebugLogger(), &logger);
+
+    struct Case {
+        DebugMessageContext context;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {{DebugMessageContext::Debug, -1}, "m\n"},
+        {{DebugMessageContext::Debug, 0}, "[D(0)]m\n"},
+        {{DebugMessageContext::Debug, 3}, "[D(3)]m\n"},
+        {{DebugMessageContext::Warning, 3}, "[W]m\n"},
+        {{DebugMessageContext::Fatal, -1}, "[F]m\n"},
+        {{7, 1}, ""},
+    };
+    for (const Case& c : cases) {
+        out.str("");
+        pDebugMessageHandler()(c.context, "m");
+        EXPECT_EQ(out.str(), c.expected);
+    }
+
+    std::string seen;
+    PDebugMessageHandler old = pInstallDebugMessageHandler(
+        [&seen](const DebugMessageContext&, const std::string& message) { seen = message; });
+    pDebugMessageHandler()(DebugMessageContext(), "via handler");
+    EXPECT_EQ(seen, "via handler");
+    pInstallDebugMessageHandler(old);
+
+    // Without a logger the default handler has nowhere to write, and doesn't fail.
+    pInstallDebugLogger(nullptr);
+    pDebugMessageHandler()(DebugMessageContext(), "dropped");
+    EXPECT_EQ(pInstallDebugLogger(previous), nullptr);
+}
+
+TEST(MutexLocker, LocksUnlessDeferredAndReleasesOnlyWhatItHolds) {
+    pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
+    {
+        MutexLocker locker(&mutex, false);
+        EXPECT_NE(pthread_mutex_trylock(&mutex), 0);
+        locker.Unlock();
+        locker.Unlock();
+        EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
+        pthread_mutex_unlock(&mutex);
+        locker.Lock();
+    }
+    EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
+    pthread_mutex_unlock(&mutex);
+    {
+        MutexLocker deferred(&mutex, true);
+        EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
+        pthread_mutex_unlock(&mutex);
+    }
+    MutexLocker none(nullptr, false);
+    none.Lock();
+    none.Unlock();
+}
+
+TEST(PCurrentThread, SleepUnitsAreMilliMicroAndNanoseconds) {
+    using Clock = std::chrono::steady_clock;
+    const auto timed = [](void (*sleep)(int), int amount) {
+        const auto start = Clock::now();
+        sleep(amount);
+        return Clock::now() - start;
+    };
+    // Above one second, so the seconds and the nanoseconds part both count.
+    EXPECT_GE(timed(&PCurrentThread::sleep, 1100), std::chrono::milliseconds(1100));
+    const auto micro = timed(&PCurrentThread::mSleep, 20000);
+    EXPECT_GE(micro, std::chrono::milliseconds(20));
+    EXPECT_LT(micro, std::chrono::seconds(1));
+    EXPECT_GE(timed(&PCurrentThread::nSleep, 5000000), std::chrono::milliseconds(5));
+}
+
+TEST(TimeStrings, FormatsLocalTimeAndNamesLogFiles) {
+    const std::string year = getCurrentTimeString("%Y");
+    ASSERT_EQ(year.size(), 256u);
+    EXPECT_EQ(year.find('\0'), 4u);
+    EXPECT_EQ(year.find_first_not_of('\0', 4), std::string::npos);
+    EXPECT_EQ(getCurrentTimeString(""), "");
+
+    std::ostringstream thread;
+    thread << std::this_thread::get_id();
+    const std::string name = getLogFileName();
+    const std::string prefix =
+        "VelkoBarcodeLib_x" + std::to_string(sizeof(void*) * 8) + "_t" + thread.str() + "_";
+    ASSERT_EQ(name.compare(0, prefix.size(), prefix), 0) << name;
+    EXPECT_EQ(name.size(), prefix.size() + 14 + 4) << name;
+    EXPECT_EQ(name.substr(name.size() - 4), ".txt");
+}
+
+TEST(Trace, WritesPriorityTagAndTextToStandardError) {
+    ::testing::internal::CaptureStderr();
+    trace("value %d of %s", 3, "four");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "4 BarcodeLib: value 3 of four\n");
+}
+
+}  // namespace

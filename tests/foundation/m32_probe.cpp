@@ -1,0 +1,2 @@
+#include <cstddef>
+#include <cstdint>

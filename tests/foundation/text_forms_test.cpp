@@ -1,0 +1,201 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/text_forms.h"
+#include "host/wchar_wrapper.h"
+
+namespace {
+
+using Units = std::vector<unsigned short>;
+
+class TestMemory : public IVelkoMemory {
+public:
+    explicit TestMemory(bool succeed = true) : succeed(succeed) {}
+    bool allocate(void** where, unsigned long bytes) override {
+        if (!succeed) {
+            return false;
+        }
+        blocks.push_back(std::make_unique<unsigned char[]>(bytes));
+        *where = blocks.back().get();
+        return true;
+    }
+
+private:
+    bool succeed;
+    std::vector<std::unique_ptr<unsigned char[]>> blocks;
+};
+
+VelkoVariant variant(unsigned short type) {
+    VelkoVariant value{};
+    value.type = type;
+    return value;
+}
+
+TEST(TextForms, ToHostKeepsLow16BitsAndTheTerminator) {
+    unsigned short* host = nullptr;
+    EXPECT_EQ(convToShortWchar(&host, L"a\U0001F600b"), 4u);
+    EXPECT_EQ(Units(host, host + 4), (Units{'a', 0xF600, 'b', 0}));
+    delete[] host;
+
+    // A caller's buffer is filled in place, exactly len units, no terminator added.
+    unsigned short buffer[3] = {0xFFFF, 0xFFFF, 0xFFFF};
+    unsigned short* into = buffer;
+    EXPECT_EQ(convToShortWchar(&into, L"xyz", 2), 2u);
+    EXPECT_EQ(into, buffer);
+    EXPECT_EQ(Units(buffer, buffer + 3), (Units{'x', 'y', 0xFFFF}));
+}
+
+TEST(TextForms, FromHostIntoBufferStopsAtTheTerminatorAndZeroesTheRest) {
+    const unsigned short source[] = {'a', 'b', 0, 'x', 'y'};
+    wchar_t buffer[5] = {L'#', L'#', L'#', L'#', L'#'};
+    wchar_t* into = buffer;
+    EXPECT_EQ(convFromShortWchar(&into, source, 5), 5u);
+    EXPECT_EQ(std::wstring(buffer, 5), std::wstring(L"ab\0\0\0", 5));
+
+    wchar_t* fresh = nullptr;
+    EXPECT_EQ(convFromShortWchar(&fresh, source), 3u);
+    EXPECT_EQ(std::wstring(fresh, 3), std::wstring(L"ab\0", 3));
+    delete[] fresh;
+}
+
+TEST(TextForms, FromHostAsStringMeasuresOrTakesExactlyTheLength) {
+    const unsigned short source[] = {'a', 0, 'b', 0};
+    EXPECT_EQ(convFromShortWchar(nullptr), L"");
+    EXPECT_EQ(convFromShortWchar(nullptr, 3), L"");
+    EXPECT_EQ(convFromShortWchar(source), L"a");
+    EXPECT_EQ(convFromShortWchar(source + 1), L"");
+    EXPECT_EQ(convFromShortWchar(source, 3), std::wstring(L"a\0b", 3));
+    EXPECT_EQ(getLenShortWcharStr(nullptr), 0u);
+    EXPECT_EQ(WcharWrapper::getStrLen(source + 2), 1u);
+
+    unsigned short text[] = {0xD83D, 0xDE00, 'z', 0};
+    VelkoVariant value = variant(VariantWStr);
+    value.str.chars = text;
+    value.str.length = 3;
+    // A surrogate pair arrives as two characters, which UTF-8 then drops.
+    EXPECT_EQ(convFromShortWchar(value), (std::wstring{0xD83D, 0xDE00, L'z'}));
+    EXPECT_EQ(wstr2str(convFromShortWchar(value)), "z");
+}
+
+TEST(TextForms, AllocAndConvertReportsTheLengthEvenWithoutMemory) {
+    unsigned int length = 99;
+    EXPECT_EQ(AllocAndConvert(nullptr, L"abc", &length), nullptr);
+    EXPECT_EQ(length, 3u);
+    TestMemory failing(false);
+    EXPECT_EQ(AllocAndConvert(&failing, L"abcd", &length), nullptr);
+    EXPECT_EQ(length, 4u);
+
+    TestMemory memory;
+    const VelkoVariant value = AllocAndConvertVariant(&memory, L"\u0416x");
+    EXPECT_EQ(value.type, VariantWStr);
+    ASSERT_NE(value.str.chars, nullptr);
+    EXPECT_EQ(value.str.length, 2u);
+    EXPECT_EQ(Units(value.str.chars, value.str.chars + 3), (Units{0x0416, 'x', 0}));
+
+    const VelkoVariant empty = AllocAndConvertVariant(nullptr, L"abc");
+    EXPECT_EQ(empty.str.chars, nullptr);
+    EXPECT_EQ(empty.str.length, 0u);
+}
+
+TEST(TextForms, Utf8DropsOnlyWhatCannotBeConverted) {
+    const std::wstring wide{L'a', 0xD800, L'b', 0x110000, 0x1F600, L'c'};
+    EXPECT_EQ(wstr2str(wide),
+              "ab\xF0\x9F\x98\x80"
+              "c");
+    EXPECT_EQ(wstrtostr(L"\u0416"), "\xD0\x96");
+    EXPECT_EQ(wba2ba(L"\u0416"), "\xD0\x96");
+
+    struct Case {
+        const char* utf8;
+        std::wstring wide;
+    };
+    const Case cases[] = {
+        {"a\x80"
+         "b",
+         L"ab"},  // lone continuation byte
+        {"a\xC3"
+         "bc",
+         L"abc"},  // lead byte without its continuation: the next character survives
+        {"a\xE2\x82"
+         "b",
+         L"ab"},                  // cut three-byte sequence
+        {"\xED\xA0\x80x", L"x"},  // encoded surrogate
+        {"\xC0\xAFy", L"y"},      // overlong "/"
+        {"\xF0\x9F\x98", L""},    // truncated at the end
+        {"\xD0\x96\xF0\x9F\x98\x80", std::wstring{0x0416, 0x1F600}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(str2wstr(c.utf8), c.wide) << c.utf8;
+    }
+    EXPECT_EQ(strtowstr("\xD0\x96"), L"\u0416");
+    EXPECT_EQ(ba2wba("\xD0\x96"), L"\u0416");
+}
+
+TEST(TextForms, VariantReadersAcceptIntegerAndFloatingTagsOnly) {
+    for (unsigned short tag : {2, 3, 10, 14}) {
+        VelkoVariant value = variant(tag);
+        value.intValue = -7;
+        int asInt = 0;
+        unsigned long asDword = 0;
+        EXPECT_TRUE(convVarToInt(value, asInt)) << tag;
+        EXPECT_EQ(asInt, -7);
+        EXPECT_TRUE(convVarToDWORD(value, asDword)) << tag;
+        EXPECT_EQ(asDword, 0xFFFFFFF9ul);
+    }
+    for (unsigned short tag : {4, 5}) {
+        VelkoVariant value = variant(tag);
+        value.doubleValue = -12.9;
+        int asInt = 0;
+        EXPECT_TRUE(convVarToInt(value, asInt)) << tag;
+        EXPECT_EQ(asInt, -12);
+        value.doubleValue = 4294967295.5;
+        unsigned long asDword = 0;
+        EXPECT_TRUE(convVarToDWORD(value, asDword));
+        EXPECT_EQ(asDword, 0xFFFFFFFFul);
+        EXPECT_FALSE(convVarToInt(value, asInt));
+    }
+    for (unsigned short tag : {15, 16, 17, 18}) {
+        VelkoVariant value = variant(tag);
+        value.intValue = 5;
+        int asInt = 1;
+        unsigned long asDword = 0;
+        EXPECT_FALSE(convVarToInt(value, asInt)) << tag;
+        EXPECT_EQ(asInt, 1);
+        EXPECT_TRUE(convVarToDWORD(value, asDword)) << tag;
+        EXPECT_EQ(asDword, 5ul);
+    }
+    for (unsigned short tag : {0, 1, 6, 11, 19, 22, 23}) {
+        VelkoVariant value = variant(tag);
+        int asInt = 1;
+        unsigned long asDword = 2;
+        EXPECT_FALSE(convVarToInt(value, asInt)) << tag;
+        EXPECT_FALSE(convVarToDWORD(value, asDword)) << tag;
+        EXPECT_EQ(asInt, 1);
+        EXPECT_EQ(asDword, 2ul);
+    }
+    VelkoVariant notANumber = variant(VariantR8);
+    notANumber.doubleValue = std::numeric_limits<double>::quiet_NaN();
+    int asInt = 3;
+    EXPECT_FALSE(convVarToInt(notANumber, asInt));
+}
+
+TEST(WcharWrapper, HoldsBothFormsOfOneString) {
+    const WcharWrapper fromWide(L"a\U0001F600");
+    EXPECT_EQ(std::wstring(fromWide.wideString()), L"a\U0001F600");
+    EXPECT_EQ(Units(fromWide.hostString(), fromWide.hostString() + 3), (Units{'a', 0xF600, 0}));
+
+    const unsigned short host[] = {0x0416, 'q', 0};
+    const WcharWrapper fromHost(host);
+    EXPECT_EQ(std::wstring(fromHost.wideString()), L"\u0416q");
+    EXPECT_EQ(Units(fromHost.hostString(), fromHost.hostString() + 3), Units(host, host + 3));
+
+    const WcharWrapper none(static_cast<const wchar_t*>(nullptr));
+    EXPECT_EQ(none.hostString(), nullptr);
+    EXPECT_EQ(none.wideString(), nullptr);
+}
+
+}  // namespace
