@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "BarcodeLib/abstract_text_localizer_state.h"
+
+// Chooses the language of captions and messages by a Windows-style locale identifier.
+class TextLocalizer {
+public:
+    explicit TextLocalizer(unsigned long lcid);
+
+    // Replaces the state: English for the primary language 9, Russian for any other.
+    bool setLCID(unsigned long lcid);
+    // Valid until the next setLCID.
+    const AbstractTextLocalizerState* getState() const { return state.get(); }
+
+private:
+    std::unique_ptr<AbstractTextLocalizerState> state;
+};
+
+// The identifier that a process locale of this name stands for: 0 (Russian) for names that
+// begin with "russian_russia" in any case, 1033 (English) otherwise.
+unsigned long lcid_for_locale_name(const char* localeName);
+
+// The identifier of the current process locale.
+unsigned long get_current_lcid();
+
+// The state of the process-wide localizer, switched to the current process locale first.
+// Good only until the next call, from any thread.
+const AbstractTextLocalizerState* get_localizer_state();
