@@ -1,0 +1,298 @@
+#include "BarcodeLib/barcode_facade2.h"
+
+#include <algorithm>
+#include <exception>
+#include <new>
+#include <utility>
+
+#include "BarcodeLib/abstract_barcode_element.h"
+#include "BarcodeLib/abstract_barcode_strategy.h"
+#include "BarcodeLib/barcode_exception.h"
+#include "layer/fonts/p_system_font_helper.h"
+#include "layer/foundation/base64.h"
+
+namespace BarcodeVelko {
+
+namespace {
+
+// A strategy's own failures are BarcodeExceptions; anything from the standard library that
+// escapes it is turned into one, so that the host only ever sees that family.
+template <class Call>
+auto guarded(Call call) -> decltype(call()) {
+    try {
+        return call();
+    } catch (const std::bad_alloc&) {
+        throw BarcodeException::OutOfMemory();
+    } catch (const std::exception&) {
+        throw BarcodeException::Unexpected();
+    }
+}
+
+}  // namespace
+
+BarcodeFacade2::BarcodeFacade2() {
+    std::vector<PFontInfo> systemFonts = PSystemFontHelper::getFontsInfo();
+    if (systemFonts.empty()) {
+        return;
+    }
+    std::sort(systemFonts.begin(), systemFonts.end(),
+              [](const PFontInfo& a, const PFontInfo& b) { return a.name < b.name; });
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        fonts = std::move(systemFonts);
+    }
+    setFont(L"default");
+}
+
+BarcodeFacade2::~BarcodeFacade2() = default;
+
+int BarcodeFacade2::pictureFirst() const {
+    const bool turned = canvasRotation == 90 || canvasRotation == 270;
+    return static_cast<int>(turned ? rowCount : columnCount);
+}
+
+int BarcodeFacade2::pictureSecond() const {
+    const bool turned = canvasRotation == 90 || canvasRotation == 270;
+    return static_cast<int>(turned ? columnCount : rowCount);
+}
+
+std::wstring BarcodeFacade2::prepareCodeValue(const std::wstring& value, int dataType,
+                                              int codeType) {
+    if (dataType != 1) {
+        return value;
+    }
+    std::wstring base64 = value;
+    base64.erase(std::remove(base64.begin(), base64.end(), L'\n'), base64.end());
+    base64.erase(std::remove(base64.begin(), base64.end(), L'\r'), base64.end());
+    std::wstring text = base642Raw(base64);
+    // The GS1 symbologies read a value that doesn't open with FNC1 (character 232) as a
+    // bracketed element string.
+    const bool gs1 = codeType == 2 || codeType == 17 || codeType == 24;
+    if (gs1 && !text.empty() && text[0] != static_cast<wchar_t>(232)) {
+        text.insert(0, L"{FMC1}");
+    }
+    return text;
+}
+
+bool BarcodeFacade2::tryStrategy(int type, const wchar_t* value, std::wstring& text,
+                                 std::wstring& checkSymbol, AbstractBarcodeElement** element) {
+    if (value == nullptr || element == nullptr) {
+        throw BarcodeException::Unexpected();
+    }
+    text.clear();
+    *element = nullptr;
+    if (*value == L'\0') {
+        throw BarcodeException::OutOfMemory();
+    }
+    SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(type));
+    if (!strategy) {
+        return false;
+    }
+    if (!guarded([&] { return strategy->calcCheckSymbol(value, checkSymbol); })) {
+        return false;
+    }
+    const std::wstring code = value + checkSymbol;
+    if (textAlign == kAutoTextAlign) {
+        textAlign = strategy->getDefaultTextAlign();
+    }
+    AbstractBarcodeElement* generated = nullptr;
+    const bool built = guarded([&] {
+        return strategy->generate(code.c_str(), &generated, static_cast<int>(textAlign),
+                                  static_cast<int>(textPos), codeShowCS, pictureFirst(),
+                                  pictureSecond(), static_cast<int>(ecl), strategyParam, codeText);
+    });
+    SmartPtr<AbstractBarcodeElement> tree(generated);
+    if (!built) {
+        return false;
+    }
+    if (codeText.empty()) {
+        codeText = codeShowCS ? code : std::wstring(value);
+    }
+    text = codeText;
+    *element = tree.release();
+    return true;
+}
+
+bool BarcodeFacade2::tryStrategyRaw(int type, const wchar_t* value, std::wstring& text,
+                                    std::wstring& checkSymbol, AbstractBarcodeElement** element) {
+    if (value == nullptr || element == nullptr) {
+        throw BarcodeException::Unexpected();
+    }
+    text.clear();
+    checkSymbol.clear();
+    *element = nullptr;
+    const std::wstring raw(value);
+    if (raw.empty()) {
+        return false;
+    }
+    const std::wstring stem = raw.substr(0, raw.size() - 1);
+    SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(type));
+    if (!strategy) {
+        return false;
+    }
+    if (!guarded([&] { return strategy->calcCheckSymbol(stem.c_str(), checkSymbol); })) {
+        return false;
+    }
+    if (textAlign == kAutoTextAlign) {
+        textAlign = strategy->getDefaultTextAlign();
+    }
+    // A raw value goes to the stacked symbologies with their own column and row counts.
+    AbstractBarcodeElement* generated = nullptr;
+    const bool built = guarded([&] {
+        return strategy->generate(value, &generated, static_cast<int>(textAlign),
+                                  static_cast<int>(textPos), codeShowCS,
+                                  static_cast<int>(column2DCount), static_cast<int>(row2DCount),
+                                  static_cast<int>(ecl), strategyParam, codeText);
+    });
+    SmartPtr<AbstractBarcodeElement> tree(generated);
+    if (!built) {
+        return false;
+    }
+    if (codeText.empty()) {
+        codeText =
+            codeShowCS ? raw : raw.substr(0, raw.size() - std::min(raw.size(), checkSymbol.size()));
+    }
+    text = codeText;
+    *element = tree.release();
+    return true;
+}
+
+int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int dataType) {
+    if (value.empty()) {
+        return kCodeTypeCount;
+    }
+    // 99 is no GS1 type, so the trials see the value without "{FMC1}".
+    const std::wstring prepared = prepareCodeValue(value, dataType, 99);
+    std::wstring text;
+    std::wstring checkSymbol;
+    for (int type = 0; type < static_cast<int>(kCodeTypeCount); ++type) {
+        AbstractBarcodeElement* element = nullptr;
+        bool found = tryStrategy(type, prepared.c_str(), text, checkSymbol, &element);
+        SmartPtr<AbstractBarcodeElement> discarded(element);
+        if (!found) {
+            found = tryStrategyRaw(type, prepared.c_str(), text, checkSymbol, &element);
+            discarded = element;
+        }
+        if (found) {
+            return type;
+        }
+    }
+    // Nothing took the value: QR Code is named, and its picture will tell what went wrong.
+    return 16;
+}
+
+bool BarcodeFacade2::generateCode() {
+    if (codeAuto) {
+        const int found = getCodeTypeByValue(codeValue, dataType);
+        if (found < static_cast<int>(kCodeTypeCount)) {
+            codeType = static_cast<unsigned>(found);
+            codeAuto = false;
+        }
+    }
+    int type = static_cast<int>(codeType);
+    std::wstring value;
+    std::wstring checkSymbol;
+    std::wstring text;
+    bool result = false;
+    // The walk over the types runs only while a search is pending, which only an empty demo
+    // value leaves behind. It tries the starting type and then each of 0..15 at most once: a
+    // type from 16 up never comes round again to end it.
+    for (unsigned attempt = 0; attempt <= 16; ++attempt) {
+        AbstractBarcodeElement* element = nullptr;
+        if (demoMode) {
+            SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(type));
+            if (strategy) {
+                value = codeIsRaw ? strategy->getRawDemoValue() : strategy->getDemoValue();
+                const bool built =
+                    codeIsRaw ? tryStrategyRaw(type, value.c_str(), text, checkSymbol, &element)
+                              : tryStrategy(type, value.c_str(), text, checkSymbol, &element);
+                // The demo value stands in for the host's value; the type stays as written.
+                if (built) {
+                    root = element;
+                    codeValue = value;
+                    codeCheckSymbol = checkSymbol;
+                    codeText = text;
+                    result = true;
+                    break;
+                }
+            }
+        } else {
+            if (codeValue.empty()) {
+                break;
+            }
+            value = prepareCodeValue(codeValue, dataType, type);
+            bool built = false;
+            if (!codeIsRaw) {
+                built = tryStrategy(type, value.c_str(), text, checkSymbol, &element);
+            } else if (codeValue.size() >= 2) {
+                built = tryStrategyRaw(type, value.c_str(), text, checkSymbol, &element);
+            }
+            if (built) {
+                root = element;
+                codeCheckSymbol = checkSymbol;
+                codeText = text;
+                codeType = static_cast<unsigned>(type);
+                result = true;
+                break;
+            }
+        }
+        type = (type + 1) % 16;
+        if (!codeAuto || type == static_cast<int>(codeType)) {
+            break;
+        }
+    }
+    return result && root;
+}
+
+void BarcodeFacade2::setCodeValue(const wchar_t* value) {
+    if (value == nullptr) {
+        throw BarcodeException::Unexpected();
+    }
+    codeValue = value;
+    codeText.clear();
+    demoMode = false;
+    codeValid = true;
+    if (generateCode()) {
+        return;
+    }
+    // What fails as a plain value may be a raw one, and the reverse.
+    codeIsRaw = !codeIsRaw;
+    if (!generateCode()) {
+        codeIsRaw = !codeIsRaw;
+        codeValid = false;
+    }
+}
+
+void BarcodeFacade2::setCodeType(unsigned type) {
+    if (type >= kCodeTypeCount) {
+        throw BarcodeException::CodeType2WrongValue();
+    }
+    codeType = type;
+    codeText.clear();
+    codeValid = false;
+    demoMode = true;
+    textAlign = kAutoTextAlign;
+    generateCode();
+}
+
+void BarcodeFacade2::setCodeShowCS(bool flag) {
+    codeShowCS = flag;
+    generateCode();
+}
+
+void BarcodeFacade2::setCodeIsRaw(bool flag) {
+    if (flag == codeIsRaw) {
+        return;
+    }
+    codeIsRaw = flag;
+    if (flag) {
+        codeValue += codeCheckSymbol;
+    } else if (!codeCheckSymbol.empty() && !codeValue.empty()) {
+        codeValue.pop_back();
+    }
+    if (codeValue.empty()) {
+        throw BarcodeException::OutOfMemory();
+    }
+}
+
+}  // namespace BarcodeVelko
