@@ -1,0 +1,165 @@
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+
+#include "BarcodeLib/abstract_barcode_element.h"
+#include "BarcodeLib/abstract_barcode_strategy.h"
+#include "BarcodeLib/abstract_barcode_visitor.h"
+#include "BarcodeLib/barcode_canvas.h"
+#include "BarcodeLib/barcode_canvas_memory_impl.h"
+#include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/barcode_facade2.h"
+
+namespace BarcodeVelko {
+
+namespace {
+
+constexpr int kGenerationError = 1;
+constexpr int kSizeTooSmall = 2;
+constexpr int kInvalidBarcode = 3;
+constexpr const char* kGenerationErrorText = "Generation error. Possibly incorrect parameters.";
+
+constexpr unsigned kTransparentBackground = 0x00FFFFFF;
+constexpr unsigned kMinFontSize = 2;
+
+constexpr unsigned kErrorWidth = 200;
+constexpr unsigned kErrorHeight = 100;
+constexpr unsigned kErrorFontSize = 12;
+constexpr unsigned kErrorTextWidth = 180;
+
+bool isTurned(unsigned rotation) {
+    return rotation == 90 || rotation == 270;
+}
+
+// Each size is halved on its own before the subtraction; 0 when the symbol is the larger.
+unsigned centred(unsigned canvas, unsigned symbol) {
+    return canvas / 2 > symbol / 2 ? canvas / 2 - symbol / 2 : 0;
+}
+
+unsigned farEdge(unsigned canvas, unsigned symbol) {
+    return canvas > symbol ? canvas - symbol : 0;
+}
+
+}  // namespace
+
+PImage BarcodeFacade2::draw() {
+    return draw2mem();
+}
+
+PImage BarcodeFacade2::draw2mem() {
+    std::lock_guard<std::mutex> lock(mutex);
+    PImage result;
+    lastError.clear();
+    try {
+        unsigned width = columnCount;
+        unsigned height = rowCount;
+        const PFontInfo fontCopy = font;
+
+        // Shrinking to the symbol needs the tree of an earlier generation; without one the
+        // picture keeps its size.
+        if (removeExeedBackgroud && root) {
+            columnCount = root->getWidth();
+            rowCount = root->getHeight();
+            codeValid = generateCode();
+            if (codeValid) {
+                width = columnCount;
+                height = rowCount;
+            }
+        } else {
+            codeValid = generateCode();
+        }
+
+        unsigned textSize = textVisible ? std::max(fontSize, kMinFontSize) : 0;
+        const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
+        unsigned canvasWidth = width;
+        unsigned canvasHeight = height;
+        if (isTurned(canvasRotation)) {
+            std::swap(canvasWidth, canvasHeight);
+        }
+
+        if (!codeValid || !root) {
+            lastError = PError(kInvalidBarcode, PString("invalid barcode"));
+            throw lastError;
+        }
+        if (canvasWidth == 0 || canvasHeight == 0 || root->getWidth() > canvasWidth ||
+            root->getHeight() > canvasHeight) {
+            lastError = PError(kSizeTooSmall, PString("size too small"));
+            throw lastError;
+        }
+
+        SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
+        if (!strategy) {
+            throw BarcodeException::Unexpected();
+        }
+        textSize = std::min(textSize, height / 2);
+        SmartPtr<AbstractBarcodeVisitor> visitor(
+            strategy->sizeVisitor(root.get(), canvasWidth, canvasHeight, textSize, codeSentinel,
+                                  static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
+        root->visit(visitor.get());
+
+        auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(canvasWidth, canvasHeight, background);
+        imp->setCanvasRotation(static_cast<int>(canvasRotation));
+        imp->setBarColorImp(barColor);
+        imp->setTextColorImp(textColor);
+        imp->setFont(fontCopy);
+        imp->setFontSize(textSize);
+        BarcodeCanvasMemoryImpl* canvasImp = imp.get();
+        BarcodeCanvas canvas(imp.release());
+
+        const unsigned rootWidth = root->getWidth();
+        const unsigned rootHeight = root->getHeight();
+        const unsigned x = centred(canvasWidth, rootWidth);
+        // A picture turned by 180 degrees has its top and bottom exchanged.
+        const bool upsideDown = canvasRotation == 180;
+        unsigned y = 0;
+        if (barVerticalAlign == 2) {
+            y = centred(canvasHeight, rootHeight);
+        } else if ((barVerticalAlign == 3) != upsideDown) {
+            y = farEdge(canvasHeight, rootHeight);
+        }
+        canvas.setXY(x, y);
+        root->draw(&canvas);
+        canvasImp->RenderImage();
+
+        result = canvasImp->getImage();
+        if (!result.isValid()) {
+            lastError = canvasImp->lastError();
+        }
+    } catch (const PError& error) {
+        lastError = error;
+    } catch (...) {
+        lastError = PError(kGenerationError, PString(kGenerationErrorText));
+    }
+
+    if (!result.isValid()) {
+        result = drawErrorImage();
+    }
+    return result;
+}
+
+PImage BarcodeFacade2::drawErrorImage() const {
+    try {
+        BarcodeCanvasMemoryImpl canvas(kErrorWidth, kErrorHeight, 0xFFFFFFFF);
+        canvas.setBarColorImp(0xFF000000);
+        canvas.setTextColorImp(0xFF000000);
+        canvas.setFont(font);
+        canvas.setFontSize(kErrorFontSize);
+
+        const int code = lastError.code();
+        const bool known = code == kSizeTooSmall || code == kInvalidBarcode;
+        std::wstring text = lastError.message().toStdWString();
+        if (!known && text.empty()) {
+            text = L"Unknown error";
+        }
+        canvas.setXYImp(known ? 10 : 5, 40);
+        canvas.drawTextImp(kErrorTextWidth, kErrorFontSize, text.c_str());
+        return canvas.getImage();
+    } catch (...) {
+        // The host gets an empty picture rather than an exception.
+        return PImage();
+    }
+}
+
+}  // namespace BarcodeVelko

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+#include "layer/foundation/p_byte_array.h"
+
+struct PSize {
+    unsigned width = 0;
+    unsigned height = 0;
+};
+
+// Anything that holds pixels of 32-bit values. Writes and reads outside the device are
+// dropped or answer 0.
+class PAbstractPaintDevice {
+public:
+    PAbstractPaintDevice() = default;
+    PAbstractPaintDevice(const PAbstractPaintDevice&) = default;
+    PAbstractPaintDevice& operator=(const PAbstractPaintDevice&) = default;
+    virtual ~PAbstractPaintDevice() = default;
+
+    virtual unsigned width() const = 0;
+    virtual unsigned height() const = 0;
+    virtual unsigned bytesPerPixel() const = 0;
+    virtual void setPixel(int x, int y, unsigned int value) = 0;
+    virtual unsigned int getPixel(int x, int y) const = 0;
+    virtual void fill(unsigned int value) = 0;
+    virtual unsigned char* pixelData() = 0;
+    virtual const unsigned char* pixelData() const = 0;
+    virtual PSize size() const { return PSize{width(), height()}; }
+    virtual PByteArray data() const { return PByteArray(); }
+    // No device offers fragments of itself.
+    virtual std::unique_ptr<PAbstractPaintDevice> fragment(int x, int y, unsigned width,
+                                                           unsigned height);
+    virtual unsigned pitch() const = 0;
+
+protected:
+    // The first bytesPerPixel bytes of a value, low byte first, and back.
+    static void storePixel(unsigned char* target, unsigned bytesPerPixel, unsigned int value);
+    static unsigned int loadPixel(const unsigned char* source, unsigned bytesPerPixel);
+};

@@ -1,0 +1,74 @@
+// Result::text() as UTF-8.
+#define ZX_USE_UTF8
+
+#include "tests/support/scan_harness.h"
+
+#include <lodepng.h>
+
+#include <algorithm>
+
+#include <ZXing/DecodeHints.h>
+#include <ZXing/ImageView.h>
+#include <ZXing/ReadBarcode.h>
+
+#include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/dm2png32.h"
+
+namespace VelkoTest {
+
+unsigned Picture::pixel(unsigned x, unsigned y) const {
+    if (x >= width || y >= height) {
+        return 0;
+    }
+    const unsigned char* p = &rgba[(static_cast<size_t>(y) * width + x) * 4];
+    return p[0] | p[1] << 8 | p[2] << 16 | static_cast<unsigned>(p[3]) << 24;
+}
+
+Picture decodePng(const std::vector<unsigned char>& png) {
+    Picture picture;
+    if (lodepng::decode(picture.rgba, picture.width, picture.height, png) != 0) {
+        return Picture();
+    }
+    return picture;
+}
+
+std::vector<unsigned char> renderPng(BarcodeVelko::BarcodeFacade2& facade) {
+    const PImage image = facade.draw();
+    return BarcodeVelko::DM2PNG32(image.pixelData(), image.width(), image.height(),
+                                  image.bytesPerPixel(), nullptr);
+}
+
+Picture render(BarcodeVelko::BarcodeFacade2& facade) {
+    return decodePng(renderPng(facade));
+}
+
+std::string scan(const Picture& picture, ZXing::BarcodeFormat format) {
+    if (picture.width == 0 || picture.height == 0) {
+        return std::string();
+    }
+    const ZXing::ImageView view(picture.rgba.data(), static_cast<int>(picture.width),
+                                static_cast<int>(picture.height), ZXing::ImageFormat::RGBX);
+    ZXing::DecodeHints hints;
+    hints.setFormats(format);
+    hints.setTryHarder(true);
+    hints.setTryRotate(true);
+    const ZXing::Result result = ZXing::ReadBarcode(view, hints);
+    return result.isValid() ? result.text() : std::string();
+}
+
+Picture rotate90(const Picture& picture) {
+    Picture turned;
+    turned.width = picture.height;
+    turned.height = picture.width;
+    turned.rgba.resize(picture.rgba.size());
+    for (unsigned y = 0; y < picture.height; ++y) {
+        for (unsigned x = 0; x < picture.width; ++x) {
+            const size_t from = (static_cast<size_t>(y) * picture.width + x) * 4;
+            const size_t to = (static_cast<size_t>(x) * turned.width + (turned.width - 1 - y)) * 4;
+            std::copy_n(&picture.rgba[from], 4, &turned.rgba[to]);
+        }
+    }
+    return turned;
+}
+
+}  // namespace VelkoTest

@@ -1,0 +1,66 @@
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+#include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/dm2png32.h"
+
+namespace {
+
+using BarcodeVelko::BarcodeFacade2;
+
+// What GetBarcode costs apart from the host: the picture and its PNG bytes.
+std::vector<unsigned char> renderPng(BarcodeFacade2& facade) {
+    const PImage image = facade.draw();
+    return BarcodeVelko::DM2PNG32(image.pixelData(), image.width(), image.height(),
+                                  image.bytesPerPixel(), nullptr);
+}
+
+// One symbology at the picture size of the two arguments, width and height.
+void renderPicture(benchmark::State& state, unsigned codeType, const std::wstring& value) {
+    BarcodeFacade2 facade;
+    facade.setCodeAuto(false);
+    facade.setCodeType(codeType);
+    facade.setColumnCount(static_cast<unsigned>(state.range(0)));
+    facade.setRowCount(static_cast<unsigned>(state.range(1)));
+    facade.setCodeValue(value.c_str());
+    for (auto _ : state) {
+        std::vector<unsigned char> png = renderPng(facade);
+        benchmark::DoNotOptimize(png.data());
+    }
+    if (facade.getLastError().code() != 0) {
+        state.SkipWithError("the picture is an error picture");
+    }
+}
+
+void Code39(benchmark::State& state) {
+    renderPicture(state, 3, L"CODE39");
+}
+
+BENCHMARK(Code39)->Args({150, 100})->Args({1000, 500})->Unit(benchmark::kMicrosecond);
+
+// A shipping text of that many bytes: 200 take version 10 at level M, 2300 version 40.
+std::wstring qrMessage(size_t bytes) {
+    static const wchar_t kText[] = L"Ship to: 221B Baker Street, London NW1 6XE; ";
+    std::wstring text;
+    for (size_t i = 0; i < bytes; ++i) {
+        text += kText[i % (sizeof(kText) / sizeof(kText[0]) - 1)];
+    }
+    return text;
+}
+
+void QRVersion10(benchmark::State& state) {
+    renderPicture(state, 16, qrMessage(200));
+}
+
+void QRVersion40(benchmark::State& state) {
+    renderPicture(state, 16, qrMessage(2300));
+}
+
+BENCHMARK(QRVersion10)->Args({600, 600})->Unit(benchmark::kMicrosecond);
+BENCHMARK(QRVersion40)->Args({600, 600})->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
