@@ -1,0 +1,12 @@
+#pragma once
+
+namespace BarcodeVelko {
+
+// Full ASCII as Extended Code 39 and Code 93 share it: each character 0..127 as one character
+// of the Code 39 set, or as a shift ($, %, / or +) followed by a capital letter.
+extern const char g_aszFullAsciiTable[128][3];
+
+// text is non-empty and all ASCII. Throws Unexpected for null.
+bool isFullAscii(const wchar_t* text);
+
+}  // namespace BarcodeVelko
