@@ -1,0 +1,68 @@
+#include <new>
+
+#include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/strategy_codabar.h"
+#include "BarcodeLib/strategy_code128.h"
+#include "BarcodeLib/strategy_code39.h"
+#include "BarcodeLib/strategy_code39_ext.h"
+#include "BarcodeLib/strategy_code93.h"
+#include "BarcodeLib/strategy_ean13.h"
+#include "BarcodeLib/strategy_ean13_addon2.h"
+#include "BarcodeLib/strategy_ean13_addon5.h"
+#include "BarcodeLib/strategy_ean8.h"
+#include "BarcodeLib/strategy_interleaved2of5.h"
+#include "BarcodeLib/strategy_itf14.h"
+#include "BarcodeLib/strategy_qr.h"
+#include "BarcodeLib/strategy_standard2of5.h"
+
+namespace BarcodeVelko {
+
+// A type whose strategy is not in the library answers null, which the
+// generation takes as a refusal of every value.
+AbstractBarcodeStrategy* BarcodeFacade2::getStrategy(int type) {
+    if (type < 0 || type >= static_cast<int>(kCodeTypeCount)) {
+        throw BarcodeException::Unexpected();
+    }
+    if (type == 16) {
+        strategyParam = qrErrorCorrectionLevel;
+    } else if (type == 17) {
+        strategyParam = gs1DatabarRowCount;
+    }
+    try {
+        switch (type) {
+            case 0:
+                return new StrategyEAN8;
+            case 1:
+                return new StrategyEAN13;
+            case 3:
+                return new StrategyCode39;
+            case 4:
+                return new StrategyCode128;
+            case 7:
+                return new StrategyStandard2of5;
+            case 8:
+                return new StrategyInterleaved2of5;
+            case 9:
+                return new StrategyCode39Ext;
+            case 10:
+                return new StrategyCode93;
+            case 11:
+                return new StrategyITF14;
+            case 13:
+                return new StrategyCodaBar;
+            case 14:
+                return new StrategyEAN13AddOn2;
+            case 15:
+                return new StrategyEAN13AddOn5;
+            case 16:
+                return new StrategyQR;
+            default:
+                return nullptr;
+        }
+    } catch (const std::bad_alloc&) {
+        throw BarcodeException::OutOfMemory();
+    }
+}
+
+}  // namespace BarcodeVelko
