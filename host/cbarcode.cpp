@@ -80,6 +80,16 @@ bool inRange(long index, long count) {
     return index >= 0 && index < count;
 }
 
+// A fresh copy of a name in host memory; null for an index or alias out of range.
+template <long Count>
+const unsigned short* nameAt(const wchar_t* const (&tables)[2][Count], long index, long alias,
+                             IVelkoMemory* memory) {
+    if (!inRange(index, Count) || !inRange(alias, 2)) {
+        return nullptr;
+    }
+    return AllocAndConvert(memory, tables[alias][index], nullptr);
+}
+
 // The host writes a Boolean as one byte; reading it as bool would trust that byte to be 0 or 1.
 bool variantFlag(const VelkoVariant& value) {
     unsigned char byte = 0;
@@ -123,14 +133,25 @@ CBarcode::~CBarcode() {
 
 bool CBarcode::Init(void* newConnection) {
     connection = static_cast<IVelkoHost*>(newConnection);
-    try {
+    const bool made = reportingErrors([this] {
         facade = std::make_unique<BarcodeFacade2>();
+        return true;
+    });
+    return made && connection != nullptr && facade != nullptr;
+}
+
+template <class Call>
+bool CBarcode::reportingErrors(Call call) {
+    try {
+        return call();
     } catch (const BarcodeException::AbstractBarcodeException& e) {
         addError(kHostErrorCode, kErrorSource, e.getDescription().c_str(), e.getCode());
-        facade.reset();
-        return false;
+    } catch (const std::exception&) {
+        // Nothing but the core's own exceptions may cross into the host's process.
+        const BarcodeException::Unexpected e;
+        addError(kHostErrorCode, kErrorSource, e.getDescription().c_str(), e.getCode());
     }
-    return connection != nullptr && facade != nullptr;
+    return false;
 }
 
 bool CBarcode::setMemManager(void* newMemory) {
@@ -165,16 +186,11 @@ long CBarcode::GetNProps() {
 }
 
 long CBarcode::FindProp(const unsigned short* name) {
-    const std::wstring wide = convFromShortWchar(name);
-    const long index = findName(g_aszPropNames[0], kPropCount, wide.c_str());
-    return index >= 0 ? index : findName(g_aszPropNames[1], kPropCount, wide.c_str());
+    return findName(g_aszPropNames, convFromShortWchar(name));
 }
 
 const unsigned short* CBarcode::GetPropName(long index, long alias) {
-    if (!inRange(index, kPropCount) || !inRange(alias, 2)) {
-        return nullptr;
-    }
-    return AllocAndConvert(memory, g_aszPropNames[alias][index], nullptr);
+    return nameAt(g_aszPropNames, index, alias, memory);
 }
 
 bool CBarcode::IsPropReadable(long index) {
@@ -202,16 +218,11 @@ long CBarcode::GetNMethods() {
 }
 
 long CBarcode::FindMethod(const unsigned short* name) {
-    const std::wstring wide = convFromShortWchar(name);
-    const long index = findName(g_aszMethodNames[0], kMethodCount, wide.c_str());
-    return index >= 0 ? index : findName(g_aszMethodNames[1], kMethodCount, wide.c_str());
+    return findName(g_aszMethodNames, convFromShortWchar(name));
 }
 
 const unsigned short* CBarcode::GetMethodName(long index, long alias) {
-    if (!inRange(index, kMethodCount) || !inRange(alias, 2)) {
-        return nullptr;
-    }
-    return AllocAndConvert(memory, g_aszMethodNames[alias][index], nullptr);
+    return nameAt(g_aszMethodNames, index, alias, memory);
 }
 
 long CBarcode::GetNParams(long method) {
@@ -397,7 +408,7 @@ bool CBarcode::SetPropVal(long index, VelkoVariant* value) {
     if (!value || !inRange(index, kPropCount)) {
         return false;
     }
-    try {
+    return reportingErrors([&] {
         switch (index) {
             case kFont:
             case kCodeValue:
@@ -442,14 +453,7 @@ bool CBarcode::SetPropVal(long index, VelkoVariant* value) {
             default:
                 return setInteger(index, *value);
         }
-    } catch (const BarcodeException::AbstractBarcodeException& e) {
-        addError(kHostErrorCode, kErrorSource, e.getDescription().c_str(), e.getCode());
-    } catch (const std::exception&) {
-        // Nothing but the core's own exceptions may cross into the host's process.
-        const BarcodeException::Unexpected e;
-        addError(kHostErrorCode, kErrorSource, e.getDescription().c_str(), e.getCode());
-    }
-    return false;
+    });
 }
 
 bool CBarcode::setString(long index, const VelkoVariant& value) {
@@ -622,7 +626,7 @@ bool CBarcode::CallAsFunc(long method, VelkoVariant* result, VelkoVariant* param
     }
     std::memset(static_cast<void*>(result), 0, sizeof(VelkoVariant));
     result->type = VariantEmpty;
-    try {
+    return reportingErrors([&] {
         switch (method) {
             case kGetBarcode:
                 return getBarcode(result);
@@ -637,13 +641,7 @@ bool CBarcode::CallAsFunc(long method, VelkoVariant* result, VelkoVariant* param
             default:
                 return false;
         }
-    } catch (const BarcodeException::AbstractBarcodeException& e) {
-        addError(kHostErrorCode, kErrorSource, e.getDescription().c_str(), e.getCode());
-    } catch (const std::exception&) {
-        const BarcodeException::Unexpected e;
-        addError(kHostErrorCode, kErrorSource, e.getDescription().c_str(), e.getCode());
-    }
-    return false;
+    });
 }
 
 bool CBarcode::getBarcode(VelkoVariant* value) {

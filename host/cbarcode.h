@@ -48,6 +48,9 @@ private:
     void addError(unsigned int code, const wchar_t* source, const wchar_t* description,
                   long systemCode);
     static bool CastVariantToI4(const VelkoVariant& value, int& result);
+    // Runs call; an exception of the core becomes a host error and the answer false.
+    template <class Call>
+    bool reportingErrors(Call call);
 
     bool setInteger(long index, const VelkoVariant& value);
     bool setString(long index, const VelkoVariant& value);

@@ -1,7 +1,5 @@
 #include "host/cbarcode_names.h"
 
-#include <cwchar>
-
 const wchar_t* const g_aszPropNames[2][kPropCount] = {
     {L"Font",
      L"FontSize",
@@ -95,12 +93,3 @@ const wchar_t* const g_aszMethodNames[2][kMethodCount] = {
     {L"GetBarcode", L"FontAt", L"FindFont"},
     {L"ПолучитьШтрихкод", L"ШрифтПоИндексу", L"НайтиШрифт"},
 };
-
-long findName(const wchar_t* const* table, long count, const wchar_t* name) {
-    for (long i = 0; i < count; ++i) {
-        if (std::wcscmp(table[i], name) == 0) {
-            return i;
-        }
-    }
-    return -1;
-}
