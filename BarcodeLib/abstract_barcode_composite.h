@@ -18,6 +18,17 @@ public:
     void visit(AbstractBarcodeVisitor* visitor) override;
 
 protected:
+    using Measure = unsigned (AbstractBarcodeElement::*)() const;
+    enum class Direction { Across, Down };
+
+    // One measure of the children, added up or the largest of them.
+    unsigned sumOf(Measure measure) const;
+    unsigned maxOf(Measure measure) const;
+    // Draws the children in order from the pen's place, each moved on by the widths (Across) or
+    // heights (Down) of those before it. Where a child leaves the pen is not trusted, and the pen
+    // goes back to where it started at the end.
+    void drawInLine(BarcodeCanvas* canvas, Direction direction);
+
     std::vector<AbstractBarcodeElement*> children;
 };
 

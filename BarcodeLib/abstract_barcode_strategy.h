@@ -27,6 +27,16 @@ public:
                                                 unsigned sentinel, unsigned aspectX,
                                                 unsigned aspectY) = 0;
     virtual ~AbstractBarcodeStrategy() = default;
+
+protected:
+    // The first steps of a generate: throws Unexpected for a null element and clears *element,
+    // then answers checkRaw(code).
+    bool beginGenerate(const wchar_t* code, AbstractBarcodeElement** element);
+    // The same, throwing TextAlignWrongValue for a textAlign outside 0..6 before code is read.
+    bool beginGenerate(const wchar_t* code, AbstractBarcodeElement** element, int textAlign);
+    // calcCheckSymbol where none is shown: a value is valid as its own raw form, and check is
+    // then emptied.
+    bool calcNoCheckSymbol(const wchar_t* value, std::wstring& check);
 };
 
 }  // namespace BarcodeVelko

@@ -1,34 +1,16 @@
 #include "BarcodeLib/barcode_facade2.h"
 
 #include <algorithm>
-#include <exception>
-#include <new>
 #include <utility>
 
 #include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/abstract_barcode_strategy.h"
 #include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/guarded.h"
 #include "layer/fonts/p_system_font_helper.h"
 #include "layer/foundation/base64.h"
 
 namespace BarcodeVelko {
-
-namespace {
-
-// A strategy's own failures are BarcodeExceptions; anything from the standard library that
-// escapes it is turned into one, so that the host only ever sees that family.
-template <class Call>
-auto guarded(Call call) -> decltype(call()) {
-    try {
-        return call();
-    } catch (const std::bad_alloc&) {
-        throw BarcodeException::OutOfMemory();
-    } catch (const std::exception&) {
-        throw BarcodeException::Unexpected();
-    }
-}
-
-}  // namespace
 
 BarcodeFacade2::BarcodeFacade2() {
     std::vector<PFontInfo> systemFonts = PSystemFontHelper::getFontsInfo();
@@ -92,17 +74,8 @@ bool BarcodeFacade2::tryStrategy(int type, const wchar_t* value, std::wstring& t
         return false;
     }
     const std::wstring code = value + checkSymbol;
-    if (textAlign == kAutoTextAlign) {
-        textAlign = strategy->getDefaultTextAlign();
-    }
-    AbstractBarcodeElement* generated = nullptr;
-    const bool built = guarded([&] {
-        return strategy->generate(code.c_str(), &generated, static_cast<int>(textAlign),
-                                  static_cast<int>(textPos), codeShowCS, pictureFirst(),
-                                  pictureSecond(), static_cast<int>(ecl), strategyParam, codeText);
-    });
-    SmartPtr<AbstractBarcodeElement> tree(generated);
-    if (!built) {
+    SmartPtr<AbstractBarcodeElement> tree;
+    if (!generateTree(*strategy, code.c_str(), pictureFirst(), pictureSecond(), tree)) {
         return false;
     }
     if (codeText.empty()) {
@@ -133,19 +106,10 @@ bool BarcodeFacade2::tryStrategyRaw(int type, const wchar_t* value, std::wstring
     if (!guarded([&] { return strategy->calcCheckSymbol(stem.c_str(), checkSymbol); })) {
         return false;
     }
-    if (textAlign == kAutoTextAlign) {
-        textAlign = strategy->getDefaultTextAlign();
-    }
     // A raw value goes to the stacked symbologies with their own column and row counts.
-    AbstractBarcodeElement* generated = nullptr;
-    const bool built = guarded([&] {
-        return strategy->generate(value, &generated, static_cast<int>(textAlign),
-                                  static_cast<int>(textPos), codeShowCS,
-                                  static_cast<int>(column2DCount), static_cast<int>(row2DCount),
-                                  static_cast<int>(ecl), strategyParam, codeText);
-    });
-    SmartPtr<AbstractBarcodeElement> tree(generated);
-    if (!built) {
+    SmartPtr<AbstractBarcodeElement> tree;
+    if (!generateTree(*strategy, value, static_cast<int>(column2DCount),
+                      static_cast<int>(row2DCount), tree)) {
         return false;
     }
     if (codeText.empty()) {
@@ -155,6 +119,23 @@ bool BarcodeFacade2::tryStrategyRaw(int type, const wchar_t* value, std::wstring
     text = codeText;
     *element = tree.release();
     return true;
+}
+
+bool BarcodeFacade2::generateTree(AbstractBarcodeStrategy& strategy, const wchar_t* code, int first,
+                                  int second, SmartPtr<AbstractBarcodeElement>& tree) {
+    if (textAlign == kAutoTextAlign) {
+        textAlign = strategy.getDefaultTextAlign();
+    }
+    // A strategy's own failures are BarcodeExceptions; what the standard library throws out of
+    // it is turned into one, so that the host only ever sees that family.
+    AbstractBarcodeElement* generated = nullptr;
+    const bool built = guarded([&] {
+        return strategy.generate(code, &generated, static_cast<int>(textAlign),
+                                 static_cast<int>(textPos), codeShowCS, first, second,
+                                 static_cast<int>(ecl), strategyParam, codeText);
+    });
+    tree = generated;
+    return built;
 }
 
 int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int dataType) {

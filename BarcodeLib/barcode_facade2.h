@@ -118,8 +118,8 @@ public:
     void setCodeIsRaw(bool flag);
 
     bool generateCode();
-    bool tryStrategy(int type, const wchar_t* value, std::wstring& text,
-                     std::wstring& checkSymbol, AbstractBarcodeElement** element);
+    bool tryStrategy(int type, const wchar_t* value, std::wstring& text, std::wstring& checkSymbol,
+                     AbstractBarcodeElement** element);
     bool tryStrategyRaw(int type, const wchar_t* value, std::wstring& text,
                         std::wstring& checkSymbol, AbstractBarcodeElement** element);
     // The type found by trying each in turn; kCodeTypeCount for an empty value.
@@ -140,6 +140,10 @@ private:
     // symbol's own orientation.
     int pictureFirst() const;
     int pictureSecond() const;
+    // Puts an automatic text alignment to the strategy's default, then builds the tree of code
+    // with first and second; false when the strategy refuses code.
+    bool generateTree(AbstractBarcodeStrategy& strategy, const wchar_t* code, int first, int second,
+                      SmartPtr<AbstractBarcodeElement>& tree);
     PImage drawErrorImage() const;
 
     std::wstring fileName;

@@ -1,7 +1,6 @@
-#include <new>
-
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/strategy_codabar.h"
 #include "BarcodeLib/strategy_code128.h"
 #include "BarcodeLib/strategy_code39.h"
@@ -29,39 +28,35 @@ AbstractBarcodeStrategy* BarcodeFacade2::getStrategy(int type) {
     } else if (type == 17) {
         strategyParam = gs1DatabarRowCount;
     }
-    try {
-        switch (type) {
-            case 0:
-                return new StrategyEAN8;
-            case 1:
-                return new StrategyEAN13;
-            case 3:
-                return new StrategyCode39;
-            case 4:
-                return new StrategyCode128;
-            case 7:
-                return new StrategyStandard2of5;
-            case 8:
-                return new StrategyInterleaved2of5;
-            case 9:
-                return new StrategyCode39Ext;
-            case 10:
-                return new StrategyCode93;
-            case 11:
-                return new StrategyITF14;
-            case 13:
-                return new StrategyCodaBar;
-            case 14:
-                return new StrategyEAN13AddOn2;
-            case 15:
-                return new StrategyEAN13AddOn5;
-            case 16:
-                return new StrategyQR;
-            default:
-                return nullptr;
-        }
-    } catch (const std::bad_alloc&) {
-        throw BarcodeException::OutOfMemory();
+    switch (type) {
+        case 0:
+            return newOrThrow<StrategyEAN8>();
+        case 1:
+            return newOrThrow<StrategyEAN13>();
+        case 3:
+            return newOrThrow<StrategyCode39>();
+        case 4:
+            return newOrThrow<StrategyCode128>();
+        case 7:
+            return newOrThrow<StrategyStandard2of5>();
+        case 8:
+            return newOrThrow<StrategyInterleaved2of5>();
+        case 9:
+            return newOrThrow<StrategyCode39Ext>();
+        case 10:
+            return newOrThrow<StrategyCode93>();
+        case 11:
+            return newOrThrow<StrategyITF14>();
+        case 13:
+            return newOrThrow<StrategyCodaBar>();
+        case 14:
+            return newOrThrow<StrategyEAN13AddOn2>();
+        case 15:
+            return newOrThrow<StrategyEAN13AddOn5>();
+        case 16:
+            return newOrThrow<StrategyQR>();
+        default:
+            return nullptr;
     }
 }
 

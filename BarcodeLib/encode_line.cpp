@@ -1,12 +1,12 @@
 #include "BarcodeLib/encode_line.h"
 
 #include <cstring>
-#include <new>
 
 #include "BarcodeLib/abstract_barcode_composite.h"
 #include "BarcodeLib/barcode_bar.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_space.h"
+#include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
 
 namespace BarcodeVelko {
@@ -31,12 +31,9 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
         const bool lastRun = last && end == length;
         SmartPtr<AbstractBarcodeRect> leaf;
         if (pattern[start] == '1') {
-            leaf = new (std::nothrow) BarcodeBar(width, 1, control, lastRun);
+            leaf = newOrThrow<BarcodeBar>(width, 1u, control, lastRun);
         } else {
-            leaf = new (std::nothrow) BarcodeSpace(width, 1, control, lastRun);
-        }
-        if (!leaf) {
-            throw BarcodeException::OutOfMemory();
+            leaf = newOrThrow<BarcodeSpace>(width, 1u, control, lastRun);
         }
         leaf->setCustomData(customData);
         target->add(leaf.get());

@@ -27,6 +27,13 @@ const char g_aszFullAsciiTable[128][3] = {
 };
 // clang-format on
 
+const char* fullAsciiPair(wchar_t c) {
+    if (static_cast<std::uint32_t>(c) > 127u) {
+        throw BarcodeException::Unexpected();
+    }
+    return g_aszFullAsciiTable[c];
+}
+
 bool isFullAscii(const wchar_t* text) {
     if (!text) {
         throw BarcodeException::Unexpected();

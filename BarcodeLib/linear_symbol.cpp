@@ -1,64 +1,65 @@
 #include "BarcodeLib/linear_symbol.h"
 
 #include <exception>
-#include <new>
 
 #include "BarcodeLib/barcode_column.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/barcode_text.h"
+#include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
 
 namespace BarcodeVelko {
 
-namespace {
-
-template <class T>
-T* makeNode() {
-    T* node = new (std::nothrow) T();
-    if (node == nullptr) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return node;
-}
-
-}  // namespace
-
-void buildLinearSymbol(const std::wstring& raw, AbstractBarcodeElement** element,
-                       std::wstring& codeText, const std::function<void(BarcodeRow*)>& fillBars,
-                       unsigned textWidth) {
-    if (element == nullptr) {
+void buildColumn(AbstractBarcodeElement** element,
+                 std::initializer_list<std::function<void(BarcodeRow*)>> fillRows) {
+    if (!element) {
         throw BarcodeException::Unexpected();
     }
     *element = nullptr;
     try {
-        SmartPtr<BarcodeColumn> column(makeNode<BarcodeColumn>());
-        SmartPtr<BarcodeRow> bars(makeNode<BarcodeRow>());
-        fillBars(bars.get());
-        if (textWidth == 0) {
-            textWidth = bars->getMinWidth();
+        SmartPtr<BarcodeColumn> column(newOrThrow<BarcodeColumn>());
+        for (const auto& fill : fillRows) {
+            SmartPtr<BarcodeRow> row(newOrThrow<BarcodeRow>());
+            fill(row.get());
+            column->add(row.get());
+            row.release();
         }
-        column->add(bars.get());
-        bars.release();
-
-        SmartPtr<BarcodeRow> textRow(makeNode<BarcodeRow>());
-        if (codeText.empty()) {
-            codeText = raw;
-        }
-        // Height 0 until the size visitor gives it the font size, so that the text doesn't
-        // count in the minimum width the visitor divides by.
-        SmartPtr<BarcodeText> text(new (std::nothrow) BarcodeText(textWidth, 0, codeText.c_str()));
-        if (!text) {
-            throw BarcodeException::OutOfMemory();
-        }
-        textRow->add(text.get());
-        text.release();
-        column->add(textRow.get());
-        textRow.release();
         *element = column.release();
     } catch (const std::exception&) {
         throw BarcodeException::Unexpected();
     }
+}
+
+void insertText(AbstractBarcodeComposite* row, unsigned width, const std::wstring& text,
+                unsigned customData) {
+    if (!row) {
+        throw BarcodeException::Unexpected();
+    }
+    SmartPtr<BarcodeText> leaf(newOrThrow<BarcodeText>(width, 0u, text.c_str()));
+    leaf->setCustomData(customData);
+    row->add(leaf.get());
+    leaf.release();
+}
+
+void buildLinearSymbol(const std::wstring& raw, AbstractBarcodeElement** element,
+                       std::wstring& codeText, const std::function<void(BarcodeRow*)>& fillBars,
+                       unsigned textWidth) {
+    buildColumn(element, {[&](BarcodeRow* bars) {
+                              fillBars(bars);
+                              if (textWidth == 0) {
+                                  textWidth = bars->getMinWidth();
+                              }
+                          },
+                          [&](BarcodeRow* row) {
+                              if (codeText.empty()) {
+                                  codeText = raw;
+                              }
+                              // Height 0 until the size visitor gives it the font size, so that
+                              // the text doesn't count in the minimum width the visitor divides
+                              // by.
+                              insertText(row, textWidth, codeText);
+                          }});
 }
 
 }  // namespace BarcodeVelko

@@ -1,9 +1,7 @@
 #include "BarcodeLib/strategy_codabar.h"
 
 #include <cwchar>
-#include <new>
 
-#include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
@@ -59,20 +57,12 @@ bool StrategyCodaBar::checkRaw(const wchar_t* code) {
 }
 
 bool StrategyCodaBar::calcCheckSymbol(const wchar_t* value, std::wstring& check) {
-    if (!checkRaw(value)) {
-        return false;
-    }
-    check.clear();
-    return true;
+    return calcNoCheckSymbol(value, check);
 }
 
 bool StrategyCodaBar::generate(const wchar_t* code, AbstractBarcodeElement** element, int, int,
                                bool, int, int, int, int, std::wstring& codeText) {
-    if (!element) {
-        throw BarcodeException::Unexpected();
-    }
-    *element = nullptr;
-    if (!checkRaw(code)) {
+    if (!beginGenerate(code, element)) {
         return false;
     }
     buildLinearSymbol(code, element, codeText, [code](BarcodeRow* row) {
@@ -97,15 +87,7 @@ AbstractBarcodeVisitor* StrategyCodaBar::sizeVisitor(AbstractBarcodeElement* roo
                                                      unsigned canvasWidth, unsigned canvasHeight,
                                                      unsigned fontSize, unsigned, unsigned,
                                                      unsigned) {
-    if (!root) {
-        throw BarcodeException::Unexpected();
-    }
-    AbstractBarcodeVisitor* visitor = new (std::nothrow) VisitorSizeCodaBar(
-        root->getMinWidth(), root->getMinHeight(), canvasWidth, canvasHeight, fontSize);
-    if (!visitor) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return visitor;
+    return newSizeVisitor<VisitorSizeCodaBar>(root, canvasWidth, canvasHeight, fontSize);
 }
 
 }  // namespace BarcodeVelko

@@ -1,12 +1,11 @@
 #include "BarcodeLib/strategy_code128.h"
 
 #include <exception>
-#include <new>
 
-#include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
+#include "BarcodeLib/full_ascii_table.h"
 #include "BarcodeLib/linear_symbol.h"
 #include "BarcodeLib/visitor_size_code_x.h"
 
@@ -47,25 +46,10 @@ unsigned codePoint(wchar_t c) {
     return static_cast<unsigned>(c);
 }
 
-bool isDigit(wchar_t c) {
-    return c >= L'0' && c <= L'9';
-}
-
 }  // namespace
 
 bool StrategyCode128::checkRaw(const wchar_t* code) {
-    if (!code) {
-        throw BarcodeException::Unexpected();
-    }
-    if (*code == 0) {
-        return false;
-    }
-    for (const wchar_t* c = code; *c != 0; ++c) {
-        if (codePoint(*c) > 127) {
-            return false;
-        }
-    }
-    return true;
+    return isFullAscii(code);
 }
 
 bool StrategyCode128::calcCheckSymbol(const wchar_t* value, std::wstring& check) {
@@ -75,11 +59,7 @@ bool StrategyCode128::calcCheckSymbol(const wchar_t* value, std::wstring& check)
 
 bool StrategyCode128::generate(const wchar_t* code, AbstractBarcodeElement** element, int, int,
                                bool, int, int, int, int, std::wstring& codeText) {
-    if (!element) {
-        throw BarcodeException::Unexpected();
-    }
-    *element = nullptr;
-    if (!checkRaw(code)) {
+    if (!beginGenerate(code, element)) {
         return false;
     }
     try {
@@ -111,15 +91,7 @@ AbstractBarcodeVisitor* StrategyCode128::sizeVisitor(AbstractBarcodeElement* roo
                                                      unsigned canvasWidth, unsigned canvasHeight,
                                                      unsigned fontSize, unsigned sentinel, unsigned,
                                                      unsigned) {
-    if (!root) {
-        throw BarcodeException::Unexpected();
-    }
-    AbstractBarcodeVisitor* visitor = new (std::nothrow) VisitorSizeCodeX(
-        root->getMinWidth(), root->getMinHeight(), canvasWidth, canvasHeight, fontSize, sentinel);
-    if (!visitor) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return visitor;
+    return newSizeVisitor<VisitorSizeCodeX>(root, canvasWidth, canvasHeight, fontSize, sentinel);
 }
 
 unsigned StrategyCode128::encodeAs(wchar_t c, unsigned current) {

@@ -1,9 +1,7 @@
 #include "BarcodeLib/strategy_code39.h"
 
 #include <cwchar>
-#include <new>
 
-#include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
@@ -113,37 +111,29 @@ bool StrategyCode39::calcCheckSymbol(const wchar_t* value, std::wstring& check) 
 
 bool StrategyCode39::generate(const wchar_t* code, AbstractBarcodeElement** element, int, int, bool,
                               int, int, int, int, std::wstring& codeText) {
-    if (element == nullptr) {
-        throw BarcodeException::Unexpected();
-    }
-    *element = nullptr;
-    if (!checkRaw(code)) {
-        return false;
-    }
-    const std::wstring raw(code);
-    buildLinearSymbol(raw, element, codeText, [&raw](BarcodeRow* row) {
-        encodeChar(L'*', row, false);
-        for (wchar_t c : raw) {
-            encodeChar(c, row, false);
-        }
-        encodeChar(L'*', row, true);
-    });
-    return true;
+    return generateFramed(code, element, codeText, encodeChar);
 }
 
 AbstractBarcodeVisitor* StrategyCode39::sizeVisitor(AbstractBarcodeElement* root,
                                                     unsigned canvasWidth, unsigned canvasHeight,
                                                     unsigned fontSize, unsigned sentinel, unsigned,
                                                     unsigned) {
-    if (root == nullptr) {
-        throw BarcodeException::Unexpected();
+    return newSizeVisitor<VisitorSizeCodeX>(root, canvasWidth, canvasHeight, fontSize, sentinel);
+}
+
+bool StrategyCode39::generateFramed(const wchar_t* code, AbstractBarcodeElement** element,
+                                    std::wstring& codeText, CharEncoder encode) {
+    if (!beginGenerate(code, element)) {
+        return false;
     }
-    AbstractBarcodeVisitor* visitor = new (std::nothrow) VisitorSizeCodeX(
-        root->getMinWidth(), root->getMinHeight(), canvasWidth, canvasHeight, fontSize, sentinel);
-    if (visitor == nullptr) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return visitor;
+    buildLinearSymbol(code, element, codeText, [code, encode](BarcodeRow* row) {
+        encodeChar(L'*', row, false);
+        for (const wchar_t* c = code; *c; ++c) {
+            encode(*c, row, false);
+        }
+        encodeChar(L'*', row, true);
+    });
+    return true;
 }
 
 }  // namespace BarcodeVelko

@@ -30,6 +30,14 @@ public:
     static bool isAllowed(wchar_t c);
     // Appends the character's pattern and, unless it is the last, the one-module gap.
     static void encodeChar(wchar_t c, AbstractBarcodeComposite* row, bool last);
+
+protected:
+    using CharEncoder = void (*)(wchar_t c, AbstractBarcodeComposite* row, bool last);
+
+    // The tree of code between two start/stop characters '*', each character of code appended
+    // by encode.
+    bool generateFramed(const wchar_t* code, AbstractBarcodeElement** element,
+                        std::wstring& codeText, CharEncoder encode);
 };
 
 }  // namespace BarcodeVelko

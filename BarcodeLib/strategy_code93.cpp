@@ -1,12 +1,9 @@
 #include "BarcodeLib/strategy_code93.h"
 
-#include <cstdint>
 #include <exception>
-#include <new>
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
@@ -70,10 +67,7 @@ const char StrategyCode93::g_aszCode93Table[49][11] = {
 // clang-format on
 
 unsigned StrategyCode93::translateSymbol(wchar_t c, unsigned& first, unsigned& second) {
-    if (static_cast<std::uint32_t>(c) > 127u) {
-        throw BarcodeException::Unexpected();
-    }
-    const char* const pair = g_aszFullAsciiTable[c];
+    const char* const pair = fullAsciiPair(c);
     if (!pair[1]) {
         first = valueOf(pair[0], false);
         second = 0;
@@ -89,20 +83,12 @@ bool StrategyCode93::checkRaw(const wchar_t* code) {
 }
 
 bool StrategyCode93::calcCheckSymbol(const wchar_t* value, std::wstring& check) {
-    if (!isFullAscii(value)) {
-        return false;
-    }
-    check.clear();
-    return true;
+    return calcNoCheckSymbol(value, check);
 }
 
 bool StrategyCode93::generate(const wchar_t* code, AbstractBarcodeElement** element, int, int, bool,
                               int, int, int, int, std::wstring& codeText) {
-    if (!element) {
-        throw BarcodeException::Unexpected();
-    }
-    *element = nullptr;
-    if (!checkRaw(code)) {
+    if (!beginGenerate(code, element)) {
         return false;
     }
     std::vector<unsigned> values;
@@ -143,15 +129,7 @@ AbstractBarcodeVisitor* StrategyCode93::sizeVisitor(AbstractBarcodeElement* root
                                                     unsigned canvasWidth, unsigned canvasHeight,
                                                     unsigned fontSize, unsigned sentinel, unsigned,
                                                     unsigned) {
-    if (!root) {
-        throw BarcodeException::Unexpected();
-    }
-    AbstractBarcodeVisitor* visitor = new (std::nothrow) VisitorSizeCodeX(
-        root->getMinWidth(), root->getMinHeight(), canvasWidth, canvasHeight, fontSize, sentinel);
-    if (!visitor) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return visitor;
+    return newSizeVisitor<VisitorSizeCodeX>(root, canvasWidth, canvasHeight, fontSize, sentinel);
 }
 
 }  // namespace BarcodeVelko

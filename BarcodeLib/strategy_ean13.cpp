@@ -2,6 +2,7 @@
 
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
+#include "BarcodeLib/linear_symbol.h"
 
 namespace BarcodeVelko {
 
@@ -15,12 +16,7 @@ bool StrategyEAN13::checkRaw(const wchar_t* code) {
 }
 
 bool StrategyEAN13::calcCheckSymbol(const wchar_t* value, std::wstring& check) {
-    wchar_t digit = 0;
-    if (!checkDigitOf(value, 12, digit)) {
-        return false;
-    }
-    check.assign(1, digit);
-    return true;
+    return checkDigitOf(value, 12, check);
 }
 
 bool StrategyEAN13::generate(const wchar_t* code, AbstractBarcodeElement** element, int textAlign,

@@ -1,11 +1,10 @@
 #include "BarcodeLib/strategy_ean13_addon2.h"
 
-#include <new>
-
 #include "BarcodeLib/abstract_barcode_composite.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
+#include "BarcodeLib/linear_symbol.h"
 #include "BarcodeLib/visitor_size_ean13_addon2.h"
 
 namespace BarcodeVelko {
@@ -19,10 +18,6 @@ const char kAddOnSeparator[] = "01";
 // The rows of the tree, as the size visitor tells them apart.
 const unsigned kUpperRow = 1;
 const unsigned kLowerRow = 2;
-
-bool isDigit(wchar_t c) {
-    return c >= L'0' && c <= L'9';
-}
 
 unsigned addOnModules(size_t digits) {
     return static_cast<unsigned>(9 * digits + 2);
@@ -99,15 +94,8 @@ AbstractBarcodeVisitor* StrategyEAN13AddOn2::sizeVisitor(AbstractBarcodeElement*
                                                          unsigned canvasWidth,
                                                          unsigned canvasHeight, unsigned fontSize,
                                                          unsigned sentinel, unsigned, unsigned) {
-    if (!root) {
-        throw BarcodeException::Unexpected();
-    }
-    AbstractBarcodeVisitor* visitor = new (std::nothrow) VisitorSizeEAN13AddOn2(
-        root->getMinWidth(), root->getMinHeight(), canvasWidth, canvasHeight, fontSize, sentinel);
-    if (!visitor) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return visitor;
+    return newSizeVisitor<VisitorSizeEAN13AddOn2>(root, canvasWidth, canvasHeight, fontSize,
+                                                  sentinel);
 }
 
 size_t StrategyEAN13AddOn2::getAddOnLength() {

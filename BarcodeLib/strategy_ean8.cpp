@@ -1,16 +1,9 @@
 #include "BarcodeLib/strategy_ean8.h"
 
-#include <exception>
-#include <new>
-#include <utility>
-
-#include "BarcodeLib/abstract_barcode_element.h"
-#include "BarcodeLib/barcode_column.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
-#include "BarcodeLib/barcode_text.h"
 #include "BarcodeLib/encode_line.h"
-#include "BarcodeLib/smart_ptr.h"
+#include "BarcodeLib/linear_symbol.h"
 #include "BarcodeLib/visitor_size_eanx.h"
 
 namespace BarcodeVelko {
@@ -21,25 +14,12 @@ const char kPreSentinel[] = "0000000";
 const char kEdgeSentinel[] = "101";
 const char kCenterSentinel[] = "01010";
 
-template <class T, class... Args>
-T* create(Args&&... args) {
-    T* object = new (std::nothrow) T(std::forward<Args>(args)...);
-    if (!object) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return object;
-}
-
 void insertSentinel(const char* pattern, AbstractBarcodeComposite* row, bool control,
                     unsigned customData, bool last) {
     if (!row) {
         throw BarcodeException::Unexpected();
     }
     encode_line(pattern, row, control, customData, last);
-}
-
-bool isDigit(wchar_t c) {
-    return c >= L'0' && c <= L'9';
 }
 
 bool isDigits(const wchar_t* text, size_t length) {
@@ -84,12 +64,7 @@ bool StrategyEAN8::checkRaw(const wchar_t* code) {
 }
 
 bool StrategyEAN8::calcCheckSymbol(const wchar_t* value, std::wstring& check) {
-    wchar_t digit = 0;
-    if (!checkDigitOf(value, 7, digit)) {
-        return false;
-    }
-    check.assign(1, digit);
-    return true;
+    return checkDigitOf(value, 7, check);
 }
 
 bool StrategyEAN8::generate(const wchar_t* code, AbstractBarcodeElement** element, int textAlign,
@@ -121,11 +96,7 @@ AbstractBarcodeVisitor* StrategyEAN8::sizeVisitor(AbstractBarcodeElement* root,
                                                   unsigned canvasWidth, unsigned canvasHeight,
                                                   unsigned fontSize, unsigned sentinel, unsigned,
                                                   unsigned) {
-    if (!root) {
-        throw BarcodeException::Unexpected();
-    }
-    return create<VisitorSizeEANX>(root->getMinWidth(), root->getMinHeight(), canvasWidth,
-                                   canvasHeight, fontSize, sentinel);
+    return newSizeVisitor<VisitorSizeEANX>(root, canvasWidth, canvasHeight, fontSize, sentinel);
 }
 
 void StrategyEAN8::insertPreSentinel(AbstractBarcodeComposite* row, bool control,
@@ -143,32 +114,20 @@ void StrategyEAN8::insertCenterSentinel(AbstractBarcodeComposite* row, bool cont
     insertSentinel(kCenterSentinel, row, control, customData, false);
 }
 
-bool StrategyEAN8::beginGenerate(const wchar_t* code, AbstractBarcodeElement** element,
-                                 int textAlign) {
-    if (!element) {
-        throw BarcodeException::Unexpected();
-    }
-    *element = nullptr;
-    if (textAlign < 0 || static_cast<unsigned>(textAlign) > kMaxTextAlign) {
-        throw BarcodeException::TextAlignWrongValue();
-    }
-    return checkRaw(code);
-}
-
 void StrategyEAN8::settleCodeText(std::wstring& codeText, const std::wstring& raw) {
     if (codeText.size() != raw.size()) {
         codeText = raw;
     }
 }
 
-bool StrategyEAN8::checkDigitOf(const wchar_t* value, size_t length, wchar_t& check) {
+bool StrategyEAN8::checkDigitOf(const wchar_t* value, size_t length, std::wstring& check) {
     if (!value) {
         throw BarcodeException::Unexpected();
     }
     if (!isDigits(value, length)) {
         return false;
     }
-    check = checkDigit(value, length);
+    check.assign(1, checkDigit(value, length));
     return true;
 }
 
@@ -185,36 +144,6 @@ void StrategyEAN8::insertDigit(const char (*set)[8], wchar_t digit, AbstractBarc
         throw BarcodeException::Unexpected();
     }
     encode_line(set[digit - L'0'], row, false, customData, false);
-}
-
-void StrategyEAN8::insertText(AbstractBarcodeComposite* row, unsigned width,
-                              const std::wstring& text, unsigned customData) {
-    if (!row) {
-        throw BarcodeException::Unexpected();
-    }
-    SmartPtr<BarcodeText> leaf(create<BarcodeText>(width, 0u, text.c_str()));
-    leaf->setCustomData(customData);
-    row->add(leaf.get());
-    leaf.release();
-}
-
-void StrategyEAN8::buildColumn(AbstractBarcodeElement** element,
-                               std::initializer_list<std::function<void(BarcodeRow*)>> fillRows) {
-    if (!element) {
-        throw BarcodeException::Unexpected();
-    }
-    try {
-        SmartPtr<BarcodeColumn> column(create<BarcodeColumn>());
-        for (const auto& fill : fillRows) {
-            SmartPtr<BarcodeRow> row(create<BarcodeRow>());
-            fill(row.get());
-            column->add(row.get());
-            row.release();
-        }
-        *element = column.release();
-    } catch (const std::exception&) {
-        throw BarcodeException::Unexpected();
-    }
 }
 
 void StrategyEAN8::insertBars(const std::wstring& raw, AbstractBarcodeComposite* row,

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <initializer_list>
 #include <string>
 
 #include "BarcodeLib/abstract_barcode_strategy.h"
@@ -10,7 +8,6 @@
 namespace BarcodeVelko {
 
 class AbstractBarcodeComposite;
-class BarcodeRow;
 
 // EAN-8, and the digit sets, guard patterns and tree building that the whole EAN family shares.
 // The human-readable digits stand between the guard bars, which reach down into the text row;
@@ -48,30 +45,18 @@ public:
                                      unsigned customData = 0);
 
 protected:
-    static constexpr unsigned kMaxTextAlign = 6;
-
-    // The first steps of every generate in the family: throws Unexpected for a null element and
-    // TextAlignWrongValue for a textAlign outside 0..6, clears *element, then answers checkRaw.
-    bool beginGenerate(const wchar_t* code, AbstractBarcodeElement** element, int textAlign);
     // Layouts 4 and 5 put a pre-sentinel on both sides of the bars.
     static bool hasPreSentinels(int textAlign) { return textAlign == 4 || textAlign == 5; }
     // A codeText that doesn't have the raw form's length is replaced by the raw form.
     static void settleCodeText(std::wstring& codeText, const std::wstring& raw);
-    // True if value is exactly length digits; check then receives the check digit over them.
-    static bool checkDigitOf(const wchar_t* value, size_t length, wchar_t& check);
+    // True if value is exactly length digits; check then holds just the check digit over them.
+    static bool checkDigitOf(const wchar_t* value, size_t length, std::wstring& check);
     // True if code is exactly length digits whose last is the check digit of the others.
     static bool isValidRaw(const wchar_t* code, size_t length);
 
     // Appends one digit from a number set with control false.
     static void insertDigit(const char (*set)[8], wchar_t digit, AbstractBarcodeComposite* row,
                             unsigned customData);
-    // Appends a text of minWidth width and minHeight 0.
-    static void insertText(AbstractBarcodeComposite* row, unsigned width, const std::wstring& text,
-                           unsigned customData = 0);
-    // Sets *element to a new column of one new row per filler, each filled in order. Nodes are
-    // owned until they are placed; a std::exception on the way becomes Unexpected.
-    static void buildColumn(AbstractBarcodeElement** element,
-                            std::initializer_list<std::function<void(BarcodeRow*)>> fillRows);
 
 private:
     static void insertBars(const std::wstring& raw, AbstractBarcodeComposite* row, int textAlign);

@@ -31,8 +31,7 @@ bool StrategyInterleaved2of5::checkRaw(const wchar_t* code) {
 bool StrategyInterleaved2of5::generate(const wchar_t* code, AbstractBarcodeElement** element,
                                        int textAlign, int, bool, int, int, int, int,
                                        std::wstring& codeText) {
-    beginGenerate(element, textAlign);
-    if (!checkRaw(code)) {
+    if (!beginGenerate(code, element, textAlign)) {
         return false;
     }
     buildLinearSymbol(code, element, codeText,

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <climits>
 #include <memory>
-#include <new>
 #include <string>
 
 #include "BarcodeLib/QR/qr_code.h"
@@ -11,24 +10,12 @@
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
+#include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/visitor_size_qr.h"
 #include "host/text_forms.h"
 
 namespace BarcodeVelko {
-
-namespace {
-
-template <class T>
-T* create() {
-    T* node = new (std::nothrow) T();
-    if (!node) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return node;
-}
-
-}  // namespace
 
 bool StrategyQR::checkRaw(const wchar_t* code) {
     if (!code) {
@@ -38,11 +25,7 @@ bool StrategyQR::checkRaw(const wchar_t* code) {
 }
 
 bool StrategyQR::calcCheckSymbol(const wchar_t* value, std::wstring& check) {
-    if (!checkRaw(value)) {
-        return false;
-    }
-    check.clear();
-    return true;
+    return calcNoCheckSymbol(value, check);
 }
 
 bool StrategyQR::generate(const wchar_t* code, AbstractBarcodeElement** element, int, int, bool,
@@ -76,7 +59,7 @@ AbstractBarcodeVisitor* StrategyQR::sizeVisitor(AbstractBarcodeElement* root, un
     if (!root) {
         throw BarcodeException::Unexpected();
     }
-    return create<VisitorSizeQR>();
+    return newOrThrow<VisitorSizeQR>();
 }
 
 ErrorCorrectionLevels StrategyQR::ConvToErrorCorrectionLevels(int level) {
@@ -88,14 +71,14 @@ bool StrategyQR::ConvBitmapMatrix2AbstractBarcodeElement(const BitmapMatrix* mat
     if (!matrix || !element) {
         return false;
     }
-    SmartPtr<BarcodeColumn> column(create<BarcodeColumn>());
+    SmartPtr<BarcodeColumn> column(newOrThrow<BarcodeColumn>());
     const int size = matrix->getSize();
     std::string line(static_cast<size_t>(size), '0');
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
             line[static_cast<size_t>(x)] = matrix->getColor(x, y) == ColorBlack ? '1' : '0';
         }
-        SmartPtr<BarcodeRow> row(create<BarcodeRow>());
+        SmartPtr<BarcodeRow> row(newOrThrow<BarcodeRow>());
         encode_line(line.c_str(), row.get(), false, 0, y == size - 1);
         column->add(row.get());
         row.release();

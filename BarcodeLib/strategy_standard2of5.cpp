@@ -1,8 +1,5 @@
 #include "BarcodeLib/strategy_standard2of5.h"
 
-#include <new>
-
-#include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
@@ -15,7 +12,6 @@ namespace {
 
 const unsigned kStart = 10;
 const unsigned kStop = 11;
-const int kMaxTextAlign = 6;
 
 }  // namespace
 
@@ -43,8 +39,7 @@ bool StrategyStandard2of5::calcCheckSymbol(const wchar_t* value, std::wstring& c
 bool StrategyStandard2of5::generate(const wchar_t* code, AbstractBarcodeElement** element,
                                     int textAlign, int, bool, int, int, int, int,
                                     std::wstring& codeText) {
-    beginGenerate(element, textAlign);
-    if (!checkRaw(code)) {
+    if (!beginGenerate(code, element, textAlign)) {
         return false;
     }
     buildLinearSymbol(code, element, codeText, [code](BarcodeRow* row) {
@@ -73,15 +68,7 @@ AbstractBarcodeVisitor* StrategyStandard2of5::sizeVisitor(AbstractBarcodeElement
                                                           unsigned canvasWidth,
                                                           unsigned canvasHeight, unsigned fontSize,
                                                           unsigned, unsigned, unsigned) {
-    if (!root) {
-        throw BarcodeException::Unexpected();
-    }
-    AbstractBarcodeVisitor* visitor = new (std::nothrow) VisitorSize2of5(
-        root->getMinWidth(), root->getMinHeight(), canvasWidth, canvasHeight, fontSize);
-    if (!visitor) {
-        throw BarcodeException::OutOfMemory();
-    }
-    return visitor;
+    return newSizeVisitor<VisitorSize2of5>(root, canvasWidth, canvasHeight, fontSize);
 }
 
 size_t StrategyStandard2of5::countDigits(const wchar_t* text) {
@@ -107,16 +94,6 @@ wchar_t StrategyStandard2of5::checkDigit(const wchar_t* digits, size_t count) {
 
 bool StrategyStandard2of5::hasCheckDigit(const wchar_t* digits, size_t count) {
     return count >= 2 && digits[count - 1] == checkDigit(digits, count - 1);
-}
-
-void StrategyStandard2of5::beginGenerate(AbstractBarcodeElement** element, int textAlign) {
-    if (!element) {
-        throw BarcodeException::Unexpected();
-    }
-    *element = nullptr;
-    if (textAlign < 0 || textAlign > kMaxTextAlign) {
-        throw BarcodeException::TextAlignWrongValue();
-    }
 }
 
 }  // namespace BarcodeVelko

@@ -8,8 +8,7 @@
 namespace BarcodeVelko {
 
 // Standard (Industrial) 2 of 5: digits in the bars only, with a check digit. It also holds what
-// the interleaved members of the family share: the digit tests, the check digit and the
-// textAlign test.
+// the interleaved members of the family share: the digit count and the check digit.
 class StrategyStandard2of5 : public AbstractBarcodeStrategy {
 public:
     // Digits 0..9 with their trailing gap, then the start and the stop.
@@ -29,15 +28,12 @@ public:
                                         unsigned aspectX, unsigned aspectY) override;
 
 protected:
-    static bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
     // The number of characters of text if all are digits, else 0. Throws Unexpected for null.
     static size_t countDigits(const wchar_t* text);
     // Weights 3, 1, 3 ... from the first digit, whatever the count.
     static wchar_t checkDigit(const wchar_t* digits, size_t count);
     // The last of count digits is the check digit of those before it.
     static bool hasCheckDigit(const wchar_t* digits, size_t count);
-    // Throws Unexpected for a null element and TextAlignWrongValue outside 0..6; clears *element.
-    static void beginGenerate(AbstractBarcodeElement** element, int textAlign);
 };
 
 }  // namespace BarcodeVelko

@@ -1,6 +1,7 @@
 #include "BarcodeLib/text_localizer.h"
 
 #include <clocale>
+#include <mutex>
 
 #include "BarcodeLib/text_localizer_state_eng.h"
 #include "BarcodeLib/text_localizer_state_rus.h"
@@ -33,8 +34,14 @@ TextLocalizer::TextLocalizer(unsigned long lcid) {
 }
 
 bool TextLocalizer::setLCID(unsigned long lcid) {
-    state.reset();
-    if ((lcid & kPrimaryLanguageMask) == kLangEnglish) {
+    const bool english = (lcid & kPrimaryLanguageMask) == kLangEnglish;
+    // Every exception asks for the state; keeping it while the language stays the same means a
+    // state handed to one thread isn't deleted under it by another.
+    if (state && english == isEnglish) {
+        return true;
+    }
+    isEnglish = english;
+    if (english) {
         state = std::make_unique<TextLocalizerStateEng>();
     } else {
         state = std::make_unique<TextLocalizerStateRus>();
@@ -55,6 +62,8 @@ unsigned long get_current_lcid() {
 
 const AbstractTextLocalizerState* get_localizer_state() {
     static TextLocalizer localizer(kLcidRussianDefault);
+    static std::mutex mutex;
+    const std::lock_guard<std::mutex> lock(mutex);
     localizer.setLCID(get_current_lcid());
     return localizer.getState();
 }

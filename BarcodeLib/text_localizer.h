@@ -9,13 +9,14 @@ class TextLocalizer {
 public:
     explicit TextLocalizer(unsigned long lcid);
 
-    // Replaces the state: English for the primary language 9, Russian for any other.
+    // English for the primary language 9, Russian for any other.
     bool setLCID(unsigned long lcid);
     // Valid until the next setLCID.
     const AbstractTextLocalizerState* getState() const { return state.get(); }
 
 private:
     std::unique_ptr<AbstractTextLocalizerState> state;
+    bool isEnglish = false;
 };
 
 // The identifier that a process locale of this name stands for: 0 (Russian) for names that

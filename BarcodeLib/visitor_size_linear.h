@@ -1,6 +1,9 @@
 #pragma once
 
+#include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/abstract_barcode_visitor.h"
+#include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/new_or_throw.h"
 
 namespace BarcodeVelko {
 
@@ -34,5 +37,17 @@ private:
     unsigned moduleWidth;
     unsigned barHeight;
 };
+
+// The sizeVisitor of a linear strategy: a new Visitor for the tree under root, which must not be
+// null, over the canvas; extra goes to its constructor after the font size.
+template <class Visitor, class... Extra>
+AbstractBarcodeVisitor* newSizeVisitor(const AbstractBarcodeElement* root, unsigned canvasWidth,
+                                       unsigned canvasHeight, unsigned fontSize, Extra... extra) {
+    if (!root) {
+        throw BarcodeException::Unexpected();
+    }
+    return newOrThrow<Visitor>(root->getMinWidth(), root->getMinHeight(), canvasWidth, canvasHeight,
+                               fontSize, extra...);
+}
 
 }  // namespace BarcodeVelko
