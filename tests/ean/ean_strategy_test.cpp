@@ -3,18 +3,20 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <vector>
 
-#include "BarcodeLib/abstract_barcode_visitor.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
+#include "BarcodeLib/strategy_code128.h"
 #include "BarcodeLib/strategy_ean13.h"
-#include "tests/ean/tree_rows.h"
+#include "tests/support/tree_checks.h"
 
 using BarcodeVelko::AbstractBarcodeElement;
 using BarcodeVelko::AbstractBarcodeStrategy;
+using BarcodeVelko::StrategyCode128;
 using BarcodeVelko::StrategyEAN13;
 using BarcodeVelko::StrategyEAN8;
-using EanTest::Leaf;
+using VelkoTest::Leaf;
 
 namespace {
 
@@ -23,10 +25,7 @@ StrategyEAN8 ean8;
 
 std::unique_ptr<AbstractBarcodeElement> build(AbstractBarcodeStrategy& strategy, int textAlign,
                                               bool showCS, std::wstring& codeText) {
-    AbstractBarcodeElement* root = nullptr;
-    EXPECT_TRUE(strategy.generate(strategy.getRawDemoValue(), &root, textAlign, 0, showCS, 150, 100,
-                                  1, 0, codeText));
-    return std::unique_ptr<AbstractBarcodeElement>(root);
+    return VelkoTest::build(strategy, strategy.getRawDemoValue(), textAlign, &codeText, showCS);
 }
 
 TEST(EanTables, SetsFollowFromEachOther) {
@@ -67,20 +66,11 @@ TEST(EanCheck, ValuesAndRawForms) {
 }
 
 TEST(EanGenerate, RefusedRawFormsGiveNoTree) {
-    struct Case {
-        AbstractBarcodeStrategy* strategy;
-        const wchar_t* raw;
-    } cases[] = {
-        {&ean13, L"1234567890123"}, {&ean13, L"123456789012"}, {&ean13, L"12345A7890128"},
-        {&ean8, L"01234564"},       {&ean8, L"0123456"},       {&ean8, L"0123456x"},
-    };
-    for (const Case& c : cases) {
-        BarcodeVelko::BarcodeRow stale;
-        AbstractBarcodeElement* root = &stale;
-        std::wstring codeText = L"kept";
-        EXPECT_FALSE(c.strategy->generate(c.raw, &root, 4, 0, true, 150, 100, 1, 0, codeText));
-        EXPECT_EQ(root, nullptr);
-        EXPECT_EQ(codeText, L"kept");
+    for (const wchar_t* raw : {L"1234567890123", L"123456789012", L"12345A7890128"}) {
+        EXPECT_TRUE(VelkoTest::refuses(ean13, raw, 4)) << raw;
+    }
+    for (const wchar_t* raw : {L"01234564", L"0123456", L"0123456x"}) {
+        EXPECT_TRUE(VelkoTest::refuses(ean8, raw, 4)) << raw;
     }
     std::wstring codeText;
     AbstractBarcodeElement* root = nullptr;
@@ -103,11 +93,11 @@ TEST_P(EanLayout, TextRowStandsUnderItsBars) {
     std::wstring codeText;
     const auto root = build(*c.strategy, c.textAlign, c.showCS, codeText);
     EXPECT_EQ(codeText, c.strategy->getRawDemoValue());
-    const std::vector<Leaf> leaves = EanTest::leavesOf(root.get());
-    const std::string bars = EanTest::barsOf(leaves);
+    const std::vector<Leaf> leaves = VelkoTest::leavesOf(root.get());
+    const std::string bars = VelkoTest::modules(leaves);
     EXPECT_EQ(bars.size(), c.modules);
     EXPECT_EQ(root->getMinWidth(), c.modules);
-    EXPECT_EQ(EanTest::textRowOf(leaves), c.textRow);
+    EXPECT_EQ(VelkoTest::textRowOf(leaves), c.textRow);
 
     // Every guard of the text row continues the same run of the bars above it.
     size_t x = 0;
@@ -159,7 +149,7 @@ TEST(EanText, OnlyAGivenTextOfTheRightLengthStands) {
         std::wstring codeText = c.given;
         const auto root = build(*c.strategy, c.textAlign, true, codeText);
         EXPECT_EQ(codeText, c.kept);
-        EXPECT_EQ(EanTest::textRowOf(EanTest::leavesOf(root.get())), c.textRow);
+        EXPECT_EQ(VelkoTest::textRowOf(VelkoTest::leavesOf(root.get())), c.textRow);
     }
 }
 
@@ -171,17 +161,68 @@ TEST(EanSize, GuardBarsReachIntoTheTextRow) {
     for (const Case& c : cases) {
         std::wstring codeText;
         const auto root = build(ean13, 4, true, codeText);
-        std::unique_ptr<BarcodeVelko::AbstractBarcodeVisitor> visitor(
-            ean13.sizeVisitor(root.get(), 150, 100, c.fontSize, c.sentinel, 1, 4));
-        root->visit(visitor.get());
+        VelkoTest::sizeTree(ean13, root.get(), 150, 100, c.fontSize, c.sentinel);
         EXPECT_EQ(root->getWidth(), 109u);
         EXPECT_EQ(root->getHeight(), 100u);
-        for (const Leaf& leaf : EanTest::leavesOf(root.get())) {
+        for (const Leaf& leaf : VelkoTest::leavesOf(root.get())) {
             EXPECT_EQ(leaf.height, leaf.kind == 'T' ? c.fontSize
                                    : leaf.control   ? c.guardHeight
                                                     : c.barHeight);
         }
     }
+}
+
+TEST(Code128Values, LatchOnlySetChoice) {
+    const std::pair<std::wstring, std::vector<unsigned>> cases[] = {
+        {L"A", {103, 33, 33, 106}},
+        {L"1234", {105, 12, 34, 82, 106}},
+        {L"12345", {105, 12, 34, 101, 21, 57, 106}},
+        {L"ab12cd", {104, 65, 66, 99, 12, 100, 67, 68, 67, 106}},
+        {L"Code128 example",
+         {103, 35, 100, 79, 68, 69, 99, 12, 101, 24, 0, 100, 69, 88, 65, 77, 80, 76, 69, 0, 106}},
+        {L"12", {105, 12, 14, 106}},
+        // After the digits a blank goes on in A, although the symbol was in B before them.
+        {L"ab12 ", {104, 65, 66, 99, 12, 101, 0, 18, 106}},
+        // DEL lies in B; a control character amid lower case costs two latches.
+        {L"\x7f", {104, 95, 96, 106}},
+        {L"a\tb", {104, 65, 101, 73, 100, 66, 84, 106}},
+    };
+    StrategyCode128 strategy;
+    for (const auto& [input, values] : cases) {
+        EXPECT_EQ(strategy.symbolValues(input.c_str()), values);
+    }
+}
+
+TEST(Code128Tree, BarsFollowTheValues) {
+    StrategyCode128 strategy;
+    std::wstring codeText;
+    const auto root = VelkoTest::build(strategy, L"ab12cd", 3, &codeText);
+    ASSERT_TRUE(root);
+    EXPECT_EQ(codeText, L"ab12cd");
+    std::string expected;
+    for (unsigned value : strategy.symbolValues(L"ab12cd")) {
+        expected += StrategyCode128::g_aszCode128Table[value];
+    }
+    const auto leaves = VelkoTest::leavesOf(root.get());
+    EXPECT_EQ(VelkoTest::modules(leaves), expected);
+    EXPECT_EQ(root->getMinWidth(), 112u);
+    EXPECT_EQ(VelkoTest::textRowOf(leaves), "T110:ab12cd");
+    EXPECT_TRUE(std::none_of(leaves.begin(), leaves.end(), [](const VelkoTest::Leaf& leaf) {
+        return leaf.last || leaf.control;
+    }));
+}
+
+TEST(Code128Tree, RefusesWithoutATree) {
+    StrategyCode128 strategy;
+    for (const wchar_t* input : {L"", L"\x80", L"abc\xff", L"\x41f\x440\x438"}) {
+        std::wstring check;
+        EXPECT_FALSE(strategy.calcCheckSymbol(input, check));
+        EXPECT_TRUE(VelkoTest::refuses(strategy, input, 3));
+        EXPECT_TRUE(strategy.symbolValues(input).empty());
+    }
+    EXPECT_THROW(strategy.encodeAs(L'\x80', 0), BarcodeException::Unexpected);
+    BarcodeVelko::BarcodeRow row;
+    EXPECT_THROW(StrategyCode128::encodeValue(108, &row, false), BarcodeException::Unexpected);
 }
 
 }  // namespace

@@ -5,54 +5,35 @@
 #include <vector>
 
 #include "layer/fonts/p_font_glyphs_cache.h"
+#include "layer/fonts/p_font_info.h"
 #include "layer/fonts/p_system_font_helper.h"
 #include "layer/fonts/ttf_helper.h"
+#include "tests/fonts/font_checks.h"
 
 namespace {
 
 constexpr int kMono = 1;
 constexpr int kGrey = 2;
 
-const PFontInfo& dejaVu() {
-    static const PFontInfo font(L"DejaVuSans-Bold",
-                                L"/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
-    return font;
-}
-
-std::string inkRows(const PImage& image) {
-    std::string rows;
-    for (int y = 0; y < static_cast<int>(image.height()); ++y) {
-        for (int x = 0; x < static_cast<int>(image.width()); ++x) {
-            rows += image.getPixel(x, y) == PGlyph::kInk ? '#' : '.';
-        }
-        rows += '|';
-    }
-    return rows;
-}
-
 TEST(FreeTypeBitmap, GreyAbove32IsInkAndNothingElseSurvives) {
     const unsigned char grey[] = {0, 32, 33, 255, 99, 1, 0, 0};
     // Pitch 4 with three pixels a row: the fourth byte of each row is padding.
     const PImage image = TTFHelper::bitmapToImage(grey, 3, 2, 4, kGrey);
     EXPECT_EQ(inkRows(image), "..#|#..|");
-    for (int y = 0; y < 2; ++y) {
-        for (int x = 0; x < 3; ++x) {
-            const unsigned pixel = image.getPixel(x, y);
-            EXPECT_TRUE(pixel == PGlyph::kInk || pixel == PGlyph::kBackground) << x << "," << y;
-        }
+    for (int i = 0; i < 6; ++i) {
+        const unsigned pixel = image.getPixel(i % 3, i / 3);
+        EXPECT_TRUE(pixel == PGlyph::kInk || pixel == PGlyph::kBackground) << i;
     }
 }
 
-TEST(FreeTypeBitmap, MonoBitsFromTheLeftAndUpwardRows) {
+TEST(FreeTypeBitmap, MonoBitsFromTheLeftUpwardRowsAndWholePixels) {
     const unsigned char mono[] = {0xA0, 0x80, 0x40, 0x00};
     EXPECT_EQ(inkRows(TTFHelper::bitmapToImage(mono, 9, 2, 2, kMono)), "#.#.....#|.#.......|");
     // A negative pitch: the first row in memory is the bottom one.
     EXPECT_EQ(inkRows(TTFHelper::bitmapToImage(mono, 9, 2, -2, kMono)), ".#.......|#.#.....#|");
     EXPECT_FALSE(TTFHelper::bitmapToImage(mono, 9, 2, 2, 7).isValid());
     EXPECT_FALSE(TTFHelper::bitmapToImage(nullptr, 9, 2, 2, kMono).isValid());
-}
-
-TEST(FreeTypeMetrics, WholePixelsTruncateTowardsZero) {
+    // 26.6 metrics truncate toward zero.
     EXPECT_EQ(TTFHelper::fromFixed(-70), -1);
     EXPECT_EQ(TTFHelper::fromFixed(-63), 0);
     EXPECT_EQ(TTFHelper::fromFixed(127), 1);
@@ -62,7 +43,7 @@ TEST(FreeTypeMetrics, WholePixelsTruncateTowardsZero) {
 TEST(TTFHelperTest, RendersInkAndGivesBlanksTheDullGlyph) {
     const TTFHelper helper;
     ASSERT_TRUE(helper.isStarted());
-    const auto glyphs = helper.loadGlyphs(dejaVu(), 12, {'A', ' ', 'A'});
+    const auto glyphs = helper.loadGlyphs(kDejaVu, 12, {'A', ' ', 'A'});
     ASSERT_EQ(glyphs.size(), 2u);
     const PGlyph& letter = glyphs.at('A');
     EXPECT_FALSE(letter.isDull());
@@ -77,13 +58,17 @@ TEST(TTFHelperTest, RendersInkAndGivesBlanksTheDullGlyph) {
 
 TEST(TTFHelperTest, BuiltInNameAndUnreadableFilesGiveNothing) {
     const TTFHelper helper;
-    EXPECT_TRUE(helper.loadGlyphs(PFontInfo(L"default", dejaVu().file), 12, {'A'}).empty());
+    EXPECT_TRUE(helper.loadGlyphs(PFontInfo(L"default", kDejaVu.file), 12, {'A'}).empty());
     EXPECT_TRUE(helper.loadGlyphs(PFontInfo(L"Missing", L"/no/such/file.ttf"), 12, {'A'}).empty());
     EXPECT_TRUE(helper.loadGlyphs(PFontInfo(L"NoFile"), 12, {'A'}).empty());
+    // Nor does the cache keep anything for such a font.
+    const PFontInfo unreadable(L"Unreadable", L"/no/such/file.ttf");
+    PFontGlyphsCache::loadGlyphs(unreadable, 12, {'A'});
+    EXPECT_FALSE(PFontGlyphsCache::getGlyph(unreadable, 12, 'A').isValid());
 }
 
 TEST(GlyphLoading, CachedGlyphsStartNoFreeTypeLibrary) {
-    const PFontInfo font(L"DejaVuSans-Bold-load-test", dejaVu().file);
+    const PFontInfo font(L"DejaVuSans-Bold-load-test", kDejaVu.file);
     PFontGlyphsCache::loadGlyphs(font, 14, {'B', 'B', 'C', ' '});
     EXPECT_TRUE(PFontGlyphsCache::getGlyph(font, 14, 'B').isValid());
     EXPECT_TRUE(PFontGlyphsCache::getGlyph(font, 14, ' ').isDull());
@@ -98,25 +83,16 @@ TEST(GlyphLoading, CachedGlyphsStartNoFreeTypeLibrary) {
     EXPECT_FALSE(PFontGlyphsCache::getGlyph(PFontInfo(L"default"), 14, ' ').isValid());
 }
 
-TEST(GlyphLoading, AnUnreadableFontStoresNothing) {
-    const PFontInfo font(L"Unreadable", L"/no/such/file.ttf");
-    PFontGlyphsCache::loadGlyphs(font, 12, {'A'});
-    EXPECT_FALSE(PFontGlyphsCache::getGlyph(font, 12, 'A').isValid());
-}
-
 TEST(SystemFonts, FileNamesBecomeFontNames) {
-    struct Case {
-        const char* file;
-        bool taken;
-        const wchar_t* name;
-    };
-    for (const Case& c : {Case{"Roboto-Bold.ttf", true, L"Roboto-Bold"},
-                          Case{"a.ttf.ttf", true, L"a.ttf"}, Case{" Wide.ttf \n", true, L"Wide"},
-                          Case{".ttf", false, L""}, Case{"ttfonts.txt", false, L""}}) {
+    // An empty name: the file is no font.
+    for (const auto& [file, name] :
+         {std::pair{"Roboto-Bold.ttf", L"Roboto-Bold"}, std::pair{"a.ttf.ttf", L"a.ttf"},
+          std::pair{" Wide.ttf \n", L"Wide"}, std::pair{".ttf", L""},
+          std::pair{"ttfonts.txt", L""}}) {
         PFontInfo font;
-        EXPECT_EQ(PSystemFontHelper::fontOfFile("/system/fonts/", c.file, font), c.taken) << c.file;
-        if (c.taken) {
-            EXPECT_EQ(font.name, c.name);
+        EXPECT_EQ(PSystemFontHelper::fontOfFile("/system/fonts/", file, font), *name != 0) << file;
+        if (*name) {
+            EXPECT_EQ(font.name, name);
             EXPECT_EQ(font.file.rfind(L"/system/fonts/", 0), 0u);
         }
     }
@@ -132,6 +108,59 @@ TEST(SystemFonts, TheListHoldsReadableTrueTypeFiles) {
     EXPECT_FALSE(PSystemFontHelper::getFontInfo(static_cast<unsigned>(fonts.size())).isValid());
     EXPECT_TRUE(PSystemFontHelper::getFontInfo(L"DejaVuSans-Bold").isValid());
     EXPECT_FALSE(PSystemFontHelper::getFontInfo(L"NoSuchFont").isValid());
+}
+
+PGlyph glyphOfWidth(unsigned width) {
+    PGlyphMetrics metrics;
+    metrics.width = static_cast<int>(width);
+    metrics.horiAdvance = static_cast<int>(width);
+    return PGlyph(PImage(width, 3, PColor(PGlyph::kInk, PColor::kNative)), metrics);
+}
+
+TEST(GlyphCache, StoresOncePerFontSizeAndCodeAndLooksUpWithoutCreating) {
+    PFontGlyphsCache::clear();
+    const PFontInfo font(L"cache-test", L"/nowhere/a.ttf");
+    EXPECT_FALSE(PFontGlyphsCache::getGlyph(font, 12, 'A').isValid());
+    EXPECT_TRUE(PFontGlyphsCache::empty());
+
+    PFontGlyphsCache::storeGlyph(font, 12, 'A', glyphOfWidth(3));
+    PFontGlyphsCache::storeGlyph(font, 12, 'A', glyphOfWidth(5));
+    PFontGlyphsCache::storeGlyph(font, 13, 'A', glyphOfWidth(4));
+    EXPECT_EQ(PFontGlyphsCache::size(), 2u);
+    EXPECT_EQ(PFontGlyphsCache::getGlyph(font, 12, 'A').width(), 5u);
+    // Same name, another file: the same font.
+    EXPECT_EQ(PFontGlyphsCache::getGlyph(PFontInfo(L"cache-test", L"/x.ttf"), 13, 'A').width(), 4u);
+    EXPECT_FALSE(PFontGlyphsCache::getGlyph(font, 12, 'B').isValid());
+    EXPECT_EQ(PFontGlyphsCache::size(), 2u);
+
+    const PGlyph dull = PFontGlyphsCache::getDull(font, 12, 12, -2);
+    PFontGlyphsCache::clear();
+    EXPECT_EQ(PFontGlyphsCache::size(), 0u);
+    EXPECT_TRUE(PFontGlyphsCache::empty());
+    const PGlyph again = PFontGlyphsCache::getDull(font, 12, 0, 0);
+    EXPECT_EQ(again.pixelData(), dull.pixelData());
+}
+
+TEST(GlyphCache, DullGlyphIsABlankHalfCellSettledByItsFirstCall) {
+    const PFontInfo font(L"dull-test");
+    const PGlyph first = PFontGlyphsCache::getDull(font, 20, 18, -4);
+    for (const PGlyph& dull : {first, PFontGlyphsCache::getDull(font, 20, 20, 0)}) {
+        EXPECT_TRUE(dull.isDull());
+        EXPECT_EQ(dull.width(), 10u);
+        EXPECT_EQ(dull.height(), 20u);
+        EXPECT_EQ(dull.metrics.horiAdvance, 10);
+        EXPECT_EQ(dull.metrics.horiBearingY, 20);
+        EXPECT_EQ(dull.metrics.ascender, 18);
+        EXPECT_EQ(dull.metrics.descender, -4);
+        EXPECT_EQ(dull.getPixel(5, 10), PGlyph::kBackground);
+    }
+    // Never narrower than a pixel.
+    for (unsigned tiny : {0u, 1u, 2u}) {
+        const PGlyph dull = PFontGlyphsCache::getDull(font, tiny, 2, 0);
+        EXPECT_EQ(dull.width(), 1u);
+        EXPECT_EQ(dull.height(), 2u);
+        EXPECT_EQ(dull.metrics.horiAdvance, 1);
+    }
 }
 
 }  // namespace

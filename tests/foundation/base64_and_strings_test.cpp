@@ -44,9 +44,7 @@ TEST(Base64, DecoderSizesByLengthAndSkipsJunkBetweenGroups) {
     EXPECT_EQ(base64_decode(std::string("YWJj\n\n\n\nYWJj")), std::string("abcabc\0\0\0", 9));
     EXPECT_EQ(base64_decode(std::string("YWJj\r\nYWJjYWJj")), "abcabcabc&0");
     // Junk inside a group slides the group on by a place.
-    EXPECT_EQ(base64_decode(std::string("YW\nJjYWJj")), std::string("X\x02"
-                                                                    "cabc\x8C\0",
-                                                                    8));
+    EXPECT_EQ(base64_decode(std::string("YW\nJjYWJj")), std::string("X\002cabc\214\0", 8));
     EXPECT_EQ(base64_decode(std::string("!!!!")), std::string(3, '\0'));
     EXPECT_EQ(base64_decode(std::string("====")), std::string(1, '\0'));
     EXPECT_EQ(b64decode(nullptr, 4), "");
@@ -58,20 +56,16 @@ TEST(Base64, WideFormsGoThroughUtf8) {
     EXPECT_EQ(base642Raw(std::wstring(L"Qf9C")), L"AB");
 }
 
-TEST(StringHelpers, TrimReplaceLower) {
+TEST(StringHelpers, TrimAndReplaceComeToAnEnd) {
     std::string padded = " \t ab c \n";
     EXPECT_EQ(trim(padded), "ab c");
     EXPECT_EQ(padded, "ab c");
     std::wstring blanks = L"   ";
     EXPECT_EQ(trim(blanks), L"");
     EXPECT_EQ(trimed(std::wstring(L" x ")), L"x");
-    EXPECT_EQ(trimed(std::string("  ")), "");
-
     EXPECT_EQ(replace(std::string("aXa"), "a", "aa"), "aaXaa");
     EXPECT_EQ(replace(std::wstring(L"a-b-c"), L"-", L""), L"abc");
     EXPECT_EQ(replace(std::string("abc"), "", "z"), "abc");
-
-    EXPECT_EQ(str_tolower(std::string("AbC1")), "abc1");
     EXPECT_EQ(str_tolower(std::wstring(L"AbC")), L"abc");
 }
 

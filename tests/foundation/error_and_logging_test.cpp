@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -36,25 +38,15 @@ TEST(PError, ToStringJoinsOnlyTheFilledParts) {
 }
 
 TEST(PError, CopiesKeepTheirErrorWhenAnotherChangesOrClears) {
-    PError first(7, PString(L"seven"), PString(L"mod"), PString(L"fn"), 3);
-    PError second = first;
-    second.clear();
-    EXPECT_EQ(second.code(), 0);
-    EXPECT_EQ(second.toString().toStdWString(), L"[0]");
-    EXPECT_EQ(first.code(), 7);
-    EXPECT_EQ(first.module().toStdWString(), L"mod");
-
-    PError third = first;
-    third.setError(8, PString(L"eight"));
-    third.setInfo(PString(L"m2"), PString(), 9);
+    const PError first(7, PString(L"seven"), PString(L"mod"), PString(L"fn"), 3);
+    PError cleared = first;
+    cleared.clear();
+    EXPECT_EQ(cleared.toString().toStdWString(), L"[0]");
+    PError changed = first;
+    changed.setError(8, PString(L"eight"));
+    changed.setInfo(PString(L"m2"), PString(), 9);
+    EXPECT_EQ(changed.toString().toStdWString(), L"m2:9[8]eight");
     EXPECT_EQ(first.toString().toStdWString(), L"mod:fn:3[7]seven");
-    EXPECT_EQ(third.toString().toStdWString(), L"m2:9[8]eight");
-
-    try {
-        throw third;
-    } catch (const PError& caught) {
-        EXPECT_EQ(caught.code(), 8);
-    }
 }
 
 TEST(PLogger, WritesOnlyWhenOpen) {
@@ -62,7 +54,6 @@ TEST(PLogger, WritesOnlyWhenOpen) {
     EXPECT_FALSE(closed.isOpened());
     EXPECT_EQ(closed.addNote("%d", 1), -1);
     closed << 5 << std::string("x");
-
     EXPECT_FALSE(PLogger(std::string("/nonexistent-dir/log.txt")).isOpened());
 
     std::ostringstream out;
@@ -78,11 +69,8 @@ TEST(PLogger, WritesOnlyWhenOpen) {
         ASSERT_TRUE(file.isOpened());
         file << std::string("line");
     }
-    std::FILE* written = std::fopen(path.c_str(), "r");
-    ASSERT_NE(written, nullptr);
-    char buffer[16] = {};
-    EXPECT_EQ(std::fread(buffer, 1, sizeof(buffer), written), 4u);
-    std::fclose(written);
+    std::ifstream written(path);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(written), {}), "line");
     std::remove(path.c_str());
 }
 
@@ -93,11 +81,7 @@ TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
     ASSERT_NE(previous, nullptr);
     EXPECT_EQ(pDebugLogger(), &logger);
 
-    struct Case {
-        DebugMessageContext context;
-        const char* expected;
-    };
-    const Case cases[] = {
+    const std::pair<DebugMessageContext, const char*> cases[] = {
         {{DebugMessageContext::Debug, -1}, "m\n"},
         {{DebugMessageContext::Debug, 0}, "[D(0)]m\n"},
         {{DebugMessageContext::Debug, 3}, "[D(3)]m\n"},
@@ -105,18 +89,11 @@ TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
         {{DebugMessageContext::Fatal, -1}, "[F]m\n"},
         {{7, 1}, ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& [context, expected] : cases) {
         out.str("");
-        pDebugMessageHandler()(c.context, "m");
-        EXPECT_EQ(out.str(), c.expected);
+        pDebugMessageHandler()(context, "m");
+        EXPECT_EQ(out.str(), expected);
     }
-
-    std::string seen;
-    PDebugMessageHandler old = pInstallDebugMessageHandler(
-        [&seen](const DebugMessageContext&, const std::string& message) { seen = message; });
-    pDebugMessageHandler()(DebugMessageContext(), "via handler");
-    EXPECT_EQ(seen, "via handler");
-    pInstallDebugMessageHandler(old);
 
     // Without a logger the default handler has nowhere to write, and doesn't fail.
     pInstallDebugLogger(nullptr);
@@ -126,21 +103,21 @@ TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
 
 TEST(MutexLocker, LocksUnlessDeferredAndReleasesOnlyWhatItHolds) {
     pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
+    const auto isFree = [&] {
+        return pthread_mutex_trylock(&mutex) == 0 && !pthread_mutex_unlock(&mutex);
+    };
     {
         MutexLocker locker(&mutex, false);
-        EXPECT_NE(pthread_mutex_trylock(&mutex), 0);
+        EXPECT_FALSE(isFree());
         locker.Unlock();
         locker.Unlock();
-        EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
-        pthread_mutex_unlock(&mutex);
+        EXPECT_TRUE(isFree());
         locker.Lock();
     }
-    EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
-    pthread_mutex_unlock(&mutex);
+    EXPECT_TRUE(isFree());
     {
         MutexLocker deferred(&mutex, true);
-        EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
-        pthread_mutex_unlock(&mutex);
+        EXPECT_TRUE(isFree());
     }
     MutexLocker none(nullptr, false);
     none.Lock();
@@ -155,7 +132,7 @@ TEST(PCurrentThread, SleepUnitsAreMilliMicroAndNanoseconds) {
         return Clock::now() - start;
     };
     // Above one second, so the seconds and the nanoseconds part both count.
-    EXPECT_GE(timed(&PCurrentThread::sleep, 1100), std::chrono::milliseconds(1100));
+    EXPECT_GE(timed(&PCurrentThread::sleep, 1001), std::chrono::milliseconds(1001));
     const auto micro = timed(&PCurrentThread::mSleep, 20000);
     EXPECT_GE(micro, std::chrono::milliseconds(20));
     EXPECT_LT(micro, std::chrono::seconds(1));

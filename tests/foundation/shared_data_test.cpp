@@ -71,18 +71,12 @@ TEST(PString, SearchAndEdit) {
     EXPECT_FALSE(text.contains(PString(L"cb")));
     EXPECT_TRUE(text.contains(PString(L"ca")));
 
-    PString same(L"aaa");
-    EXPECT_EQ(same.replace(PString(L"a"), PString(L"b")).toStdWString(), L"bbb");
+    EXPECT_EQ(PString(L"aaa").replace(PString(L"a"), PString(L"b")).toStdWString(), L"bbb");
     // A replacement that starts with what it replaces is stepped over by one character.
-    PString grows(L"aXa");
-    EXPECT_EQ(grows.replace(PString(L"a"), PString(L"ab")).toStdWString(), L"abXab");
-    PString untouched(L"abc");
-    EXPECT_EQ(untouched.replace(PString(), PString(L"z")).toStdWString(), L"abc");
-
-    PString prefixed(L"abc");
-    EXPECT_EQ(prefixed.removeFromRight(PString(L"ab")).toStdWString(), L"c");
-    PString suffixed(L"cab");
-    EXPECT_EQ(suffixed.removeFromRight(PString(L"ab")).toStdWString(), L"cab");
+    EXPECT_EQ(PString(L"aXa").replace(PString(L"a"), PString(L"ab")).toStdWString(), L"abXab");
+    EXPECT_EQ(PString(L"abc").replace(PString(), PString(L"z")).toStdWString(), L"abc");
+    EXPECT_EQ(PString(L"abc").removeFromRight(PString(L"ab")).toStdWString(), L"c");
+    EXPECT_EQ(PString(L"cab").removeFromRight(PString(L"ab")).toStdWString(), L"cab");
 
     PString self(L"ab");
     self += self;

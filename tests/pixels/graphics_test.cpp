@@ -1,17 +1,20 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <tuple>
 #include <utility>
 #include <vector>
 
+#include "BarcodeLib/barcode_canvas_memory_impl.h"
+#include "layer/foundation/p_error.h"
 #include "layer/graphics/p_color.h"
 #include "layer/graphics/p_image.h"
-#include "layer/graphics/p_paint_device.h"
-#include "layer/graphics/p_paint_device_alias.h"
 #include "layer/graphics/p_painter.h"
 #include "layer/graphics/p_rect.h"
 
 namespace {
+
+using BarcodeVelko::BarcodeCanvasMemoryImpl;
+using Dots = std::vector<std::pair<int, int>>;
 
 constexpr unsigned kWhite = 0xFFFFFFFF;
 constexpr unsigned kBlack = 0xFF000000;
@@ -20,50 +23,52 @@ PColor colorOf(unsigned value) {
     return PColor(value, PColor::kNative);
 }
 
-TEST(PColorTest, BytesAndFormats) {
+// The places of all pixels that differ from the background, row by row.
+Dots marks(const PImage& image, unsigned background) {
+    Dots found;
+    for (unsigned y = 0; y < image.height(); ++y) {
+        for (unsigned x = 0; x < image.width(); ++x) {
+            if (image.getPixel(x, y) != background) {
+                found.emplace_back(x, y);
+            }
+        }
+    }
+    return found;
+}
+
+TEST(PColorTest, ValueFormats) {
     const PColor color(1, 2, 3, 4);
     EXPECT_EQ(color.value(PColor::kNative), 0x04010203u);
     EXPECT_EQ(color.value(PColor::kRgb), 0x00010203u);
     EXPECT_EQ(color.value(PColor::kReversed), 0x03020104u);
-    EXPECT_EQ(color.r(), 1);
-    EXPECT_EQ(color.a(), 4);
-    EXPECT_EQ(PColor(0x80102030, PColor::kNative).inverted().value(), 0x80EFDFCFu);
-    EXPECT_EQ(PColor(10, 20, 31, 7).grayScaled().value(), 0x07141414u);
-    EXPECT_EQ(PColor::fromGray(0x42, PColor::kNative), 0xFF424242u);
-    EXPECT_EQ(PColor::color(0x11223344, PColor::kNative, PColor::kReversed), 0x44332211u);
 }
 
 TEST(PImageTest, SidesAreCutAtTheLimitAndEmptySizesGiveAnInvalidImage) {
-    struct Case {
+    const struct {
         unsigned width, height;
         unsigned expectedWidth, expectedHeight, expectedPitch, expectedBytesPerPixel;
-    };
-    for (const Case& c : std::vector<Case>{{9000, 100, 8000, 100, 32000, 4},
-                                           {100, 9000, 100, 8000, 400, 4},
-                                           {0, 10, 0, 0, 0, 0},
-                                           {10, 0, 0, 0, 0, 0}}) {
+    } cases[] = {{9000, 100, 8000, 100, 32000, 4},
+                 {100, 9000, 100, 8000, 400, 4},
+                 {0, 10, 0, 0, 0, 0},
+                 {10, 0, 0, 0, 0, 0}};
+    for (const auto& c : cases) {
         const PImage image(c.width, c.height, colorOf(kWhite));
-        EXPECT_EQ(image.width(), c.expectedWidth) << c.width << "x" << c.height;
-        EXPECT_EQ(image.height(), c.expectedHeight) << c.width << "x" << c.height;
-        EXPECT_EQ(image.pitch(), c.expectedPitch) << c.width << "x" << c.height;
-        EXPECT_EQ(image.bytesPerPixel(), c.expectedBytesPerPixel) << c.width << "x" << c.height;
+        SCOPED_TRACE(std::to_string(c.width) + "x" + std::to_string(c.height));
+        EXPECT_EQ(image.width(), c.expectedWidth);
+        EXPECT_EQ(image.height(), c.expectedHeight);
+        EXPECT_EQ(image.pitch(), c.expectedPitch);
+        EXPECT_EQ(image.bytesPerPixel(), c.expectedBytesPerPixel);
         EXPECT_EQ(image.isValid(), c.expectedWidth != 0);
     }
 }
 
-TEST(PImageTest, PixelsAreLittleEndianAndOutsideIsIgnored) {
+TEST(PImageTest, OutsideIsIgnoredAndAShortBufferNeverOverrun) {
     PImage image(3, 2, colorOf(0x11223344));
-    image.setPixel(2, 1, 0xAABBCCDD);
-    const unsigned char* bytes = static_cast<const PImage&>(image).pixelData();
-    const unsigned char expected[] = {0xDD, 0xCC, 0xBB, 0xAA};
-    EXPECT_TRUE(std::equal(expected, expected + 4, bytes + 1 * 12 + 2 * 4));
-    EXPECT_EQ(image.getPixel(0, 0), 0x11223344u);
-
-    for (const auto& [x, y] : std::vector<std::pair<int, int>>{{-1, 0}, {0, -1}, {3, 0}, {0, 2}}) {
+    for (const auto& [x, y] : Dots{{-1, 0}, {0, -1}, {3, 0}, {0, 2}}) {
         image.setPixel(x, y, 0);
         EXPECT_EQ(image.getPixel(x, y), 0u);
     }
-    // A buffer shorter than the size claims is never overrun.
+    EXPECT_TRUE(marks(image, 0x11223344).empty());
     PImage shortImage(4, 4, PByteArray(static_cast<unsigned char>(0), 8));
     shortImage.setPixel(3, 3, 1);
     shortImage.fill(1);
@@ -94,42 +99,37 @@ TEST(PImageTest, CopiesShareUntilOneWrites) {
 
 TEST(PRectTest, Intersection) {
     using Rect = PRect<int, int>;
-    struct Case {
+    const auto box = [](const Rect& r) { return std::tuple(r.x, r.y, r.width, r.height); };
+    const struct {
         Rect a, b, expected;
+    } cases[] = {
+        {{0, 0, 10, 10}, {10, 0, 5, 5}, {0, 0, 0, 0}},
+        {{0, 0, 10, 10}, {9, 0, 5, 5}, {9, 0, 1, 5}},
+        {{0, 0, 10, 10}, {0, 10, 5, 5}, {0, 0, 0, 0}},
+        {{-5, -3, 10, 10}, {0, 0, 20, 20}, {0, 0, 5, 7}},
+        {{0, 0, 10, 10}, {2, 3, 4, 5}, {2, 3, 4, 5}},
     };
-    for (const Case& c : std::vector<Case>{
-             {{0, 0, 10, 10}, {10, 0, 5, 5}, {0, 0, 0, 0}},
-             {{0, 0, 10, 10}, {9, 0, 5, 5}, {9, 0, 1, 5}},
-             {{0, 0, 10, 10}, {0, 10, 5, 5}, {0, 0, 0, 0}},
-             {{-5, -3, 10, 10}, {0, 0, 20, 20}, {0, 0, 5, 7}},
-             {{0, 0, 10, 10}, {2, 3, 4, 5}, {2, 3, 4, 5}},
-         }) {
-        for (const Rect& r : {c.a.intersection(c.b), c.b.intersection(c.a)}) {
-            EXPECT_EQ(r.x, c.expected.x);
-            EXPECT_EQ(r.y, c.expected.y);
-            EXPECT_EQ(r.width, c.expected.width);
-            EXPECT_EQ(r.height, c.expected.height);
-        }
+    for (const auto& c : cases) {
+        EXPECT_EQ(box(c.a.intersection(c.b)), box(c.expected));
+        EXPECT_EQ(box(c.b.intersection(c.a)), box(c.expected));
     }
     const PRect<int, unsigned> wide = PRect<int, unsigned>(-4, 0, 10, 1).intersection({0, 0, 3, 1});
     EXPECT_EQ(wide.width, 3u);
 }
 
-// A 10 x 2 image whose pixel values name their column.
-PImage columnImage() {
-    PImage image(10, 2, colorOf(0));
-    for (int y = 0; y < 2; ++y) {
-        for (int x = 0; x < 10; ++x) {
-            image.setPixel(x, y, 100 + x);
-        }
+TEST(PPainterTest, DrawImageStartsAtTheImageOriginEvenOffTheDeviceAndCutsOnlyWithTheFlag) {
+    // A 10 x 2 image whose pixel values name their column.
+    PImage columns(10, 2, colorOf(0));
+    for (int x = 0; x < 10; ++x) {
+        columns.setPixel(x, 0, 100 + x);
+        columns.setPixel(x, 1, 100 + x);
     }
-    return image;
-}
-
-TEST(PPainterTest, DrawImageStartsAtTheImageOriginEvenOffTheDevice) {
     PImage device(20, 4, colorOf(0));
-    PPainter painter(&device);
-    painter.drawImage(-2, 1, 0, 0, columnImage(), 0);
+    PImage other(20, 4, colorOf(0));
+    PPainter painter;
+    EXPECT_TRUE(painter.begin(&device));
+    EXPECT_FALSE(painter.begin(&other));
+    painter.drawImage(-2, 1, 0, 0, columns, 0);
     // Eight columns go out from image column 0; the first two fall off the left edge.
     for (int x = 0; x < 6; ++x) {
         EXPECT_EQ(device.getPixel(x, 1), 102u + x) << x;
@@ -138,94 +138,102 @@ TEST(PPainterTest, DrawImageStartsAtTheImageOriginEvenOffTheDevice) {
     EXPECT_EQ(device.getPixel(6, 1), 0u);
     EXPECT_EQ(device.getPixel(0, 0), 0u);
     EXPECT_EQ(device.getPixel(0, 3), 0u);
-}
 
-TEST(PPainterTest, DrawImageSizeCutsOnlyWithTheFlag) {
-    PImage device(20, 4, colorOf(0));
-    PPainter painter(&device);
-    painter.drawImage(5, 0, 3, 1, columnImage(), PPainter::kClipToSize);
-    EXPECT_EQ(device.getPixel(7, 0), 102u);
-    EXPECT_EQ(device.getPixel(8, 0), 0u);
-    EXPECT_EQ(device.getPixel(5, 1), 0u);
-
-    painter.drawImage(5, 2, 3, 1, columnImage(), 0);
-    EXPECT_EQ(device.getPixel(14, 2), 109u);
-    EXPECT_EQ(device.getPixel(14, 3), 109u);
+    painter.drawImage(12, 0, 3, 1, columns, PPainter::kClipToSize);
+    EXPECT_EQ(device.getPixel(14, 0), 102u);
+    EXPECT_EQ(device.getPixel(15, 0), 0u);
+    EXPECT_EQ(device.getPixel(12, 1), 0u);
+    painter.drawImage(10, 2, 3, 1, columns, 0);
+    EXPECT_EQ(device.getPixel(19, 2), 109u);
+    EXPECT_EQ(device.getPixel(19, 3), 109u);
+    EXPECT_TRUE(marks(other, 0).empty());
 }
 
 TEST(PPainterTest, LinesLeaveOutTheirRightEnd) {
-    struct Case {
+    const struct {
         int x1, y1, x2, y2;
-        std::vector<std::pair<int, int>> drawn;
+        Dots drawn;  // row by row
+    } cases[] = {
+        {0, 0, 3, 3, {{0, 0}, {1, 1}, {2, 2}}},
+        {3, 3, 0, 0, {{0, 0}, {1, 1}, {2, 2}}},
+        {5, 1, 5, 9, {}},
+        {0, 4, 4, 2, {{3, 2}, {1, 3}, {2, 3}, {0, 4}}},
     };
-    for (const Case& c : std::vector<Case>{
-             {0, 0, 3, 3, {{0, 0}, {1, 1}, {2, 2}}},
-             {3, 3, 0, 0, {{0, 0}, {1, 1}, {2, 2}}},
-             {5, 1, 5, 9, {}},
-             {0, 4, 4, 2, {{0, 4}, {1, 3}, {2, 3}, {3, 2}}},
-         }) {
+    for (const auto& c : cases) {
         PImage device(10, 10, colorOf(0));
         PPainter painter(&device);
         painter.setPen(colorOf(kBlack));
         painter.drawLine(c.x1, c.y1, c.x2, c.y2, 1);
-        std::vector<std::pair<int, int>> drawn;
-        for (int y = 0; y < 10; ++y) {
-            for (int x = 0; x < 10; ++x) {
-                if (device.getPixel(x, y) == kBlack) {
-                    drawn.emplace_back(x, y);
-                }
-            }
-        }
-        std::sort(drawn.begin(), drawn.end());
-        EXPECT_EQ(drawn, c.drawn) << c.x1 << "," << c.y1 << " " << c.x2 << "," << c.y2;
+        EXPECT_EQ(marks(device, 0), c.drawn) << c.x1 << "," << c.y1 << " " << c.x2 << "," << c.y2;
     }
 }
 
-TEST(PPainterTest, RectsAreCutAtTheDeviceAndNeedOneDevice) {
-    PImage device(5, 4, colorOf(0));
-    PImage other(5, 4, colorOf(0));
-    PPainter painter;
-    EXPECT_TRUE(painter.begin(&device));
-    EXPECT_FALSE(painter.begin(&other));
-    painter.setBrush(colorOf(kBlack));
-    painter.drawRect(3, 2, 10, 10);
-    int filled = 0;
-    for (int y = 0; y < 4; ++y) {
-        for (int x = 0; x < 5; ++x) {
-            filled += device.getPixel(x, y) == kBlack;
-        }
+TEST(MemoryCanvasTest, RotationTurnsTheLogicalCanvasOnTheSameBuffer) {
+    // A 200 x 100 logical canvas; where its pixel (0, 0) lands in the picture.
+    const struct {
+        int rotation;
+        unsigned width, height;
+        int x, y;
+    } cases[] = {{0, 200, 100, 0, 0},      {90, 100, 200, 99, 0},   {180, 200, 100, 199, 99},
+                 {270, 100, 200, 0, 199},  {-90, 100, 200, 0, 199}, {450, 100, 200, 99, 0},
+                 {-180, 200, 100, 199, 99}};
+    for (const auto& c : cases) {
+        BarcodeCanvasMemoryImpl canvas(200, 100, kWhite);
+        canvas.setCanvasRotation(c.rotation);
+        canvas.setBarColorImp(0xFF0000FF);
+        canvas.drawBarImp(1, 1, true);
+        EXPECT_EQ(canvas.getWidthImp(), 200u);
+        const PImage picture = canvas.getImage();
+        EXPECT_EQ(picture.width(), c.width) << c.rotation;
+        EXPECT_EQ(picture.height(), c.height) << c.rotation;
+        EXPECT_EQ(picture.pixelData(), canvas.data().constData()) << c.rotation;
+        EXPECT_EQ(marks(picture, kWhite), (Dots{{c.x, c.y}})) << c.rotation;
     }
-    EXPECT_EQ(filled, 4);
-    EXPECT_EQ(device.getPixel(3, 2), kBlack);
-    painter.end();
-    painter.drawRect(0, 0, 1, 1);
-    EXPECT_EQ(device.getPixel(0, 0), 0u);
-    EXPECT_EQ(other.getPixel(0, 0), 0u);
 }
 
-TEST(PaintDeviceTest, AliasMapsPointsAndTheTargetClips) {
-    std::vector<unsigned char> buffer(4 * 3 * 2, 0);
-    auto* view = new PPaintDevice(buffer.data(), 3, 2, 4, 12);
-    PPaintDeviceAlias alias(view, 2, 3, true);
-    // (x, y) -> (2 - y, x): a quarter turn of a 2 x 3 view onto the 3 x 2 buffer.
-    alias.setTransfotm(Transform<int>(0, 1, 0, -1, 0, 0, 2, 0, 1));
-    alias.setPixel(0, 0, 0x01020304);
-    EXPECT_EQ(view->getPixel(2, 0), 0x01020304u);
-    EXPECT_EQ(buffer[8], 0x04);
-    EXPECT_EQ(alias.getPixel(0, 0), 0x01020304u);
-    EXPECT_EQ(alias.width(), 2u);
-    EXPECT_EQ(alias.device(), view);
+TEST(MemoryCanvasTest, BarsAreCutAtTheLogicalEdgeInEveryRotation) {
+    for (int rotation : {0, 90, 180, 270}) {
+        BarcodeCanvasMemoryImpl canvas(200, 100, kWhite);
+        canvas.setCanvasRotation(rotation);
+        canvas.setXYImp(195, 90);
+        canvas.drawBarImp(10, 30, false);
+        unsigned x = 0;
+        unsigned y = 0;
+        canvas.getXYImp(&x, &y);
+        EXPECT_EQ(std::pair(x, y), std::pair(200u, 100u)) << rotation;
+        EXPECT_EQ(marks(canvas.getImage(), kWhite).size(), 5u * 10u) << rotation;
+    }
+}
 
-    alias.setPixel(0, 3, 0x77);  // maps to (-1, 0)
-    alias.setPixel(2, 0, 0x77);  // maps to (2, 2)
-    EXPECT_EQ(std::count(buffer.begin(), buffer.end(), 0x77), 0);
+TEST(MemoryCanvasTest, SpacesAndTheBackgroundStateLeavePixelsAlone) {
+    BarcodeCanvasMemoryImpl canvas(10, 10, 0x00FFFFFF);
+    EXPECT_TRUE(canvas.IsTransparentBackground());
+    canvas.setXYImp(2, 3);
+    canvas.drawSpaceImp(5, 5, false);
+    canvas.SetTransparentBackground(false);
+    EXPECT_FALSE(canvas.IsTransparentBackground());
+    unsigned x = 0;
+    unsigned y = 0;
+    canvas.getXYImp(&x, &y);
+    EXPECT_EQ(std::pair(x, y), std::pair(2u, 3u));
+    EXPECT_TRUE(marks(canvas.getImage(), 0x00FFFFFF).empty());
 
-    alias.fill(0x0A0B0C0D);
-    EXPECT_EQ(view->getPixel(1, 1), 0x0A0B0C0Du);
+    canvas.fillCanvasImp(0x12345678, false);
+    EXPECT_EQ(canvas.getImage().getPixel(9, 9), 0x12345678u);
+    EXPECT_TRUE(canvas.getRotatedImage(0).width() == 0);
+    EXPECT_EQ(canvas.lastError().code(), 0);
+}
 
-    const PPaintDeviceAlias empty;
-    EXPECT_EQ(empty.getPixel(0, 0), 0u);
-    EXPECT_EQ(empty.bytesPerPixel(), 0u);
+TEST(MemoryCanvasTest, AnEmptyCanvasDrawsNothing) {
+    BarcodeCanvasMemoryImpl canvas(0, 50, kWhite);
+    canvas.setCanvasRotation(90);
+    canvas.setXYImp(3, 3);
+    canvas.drawBarImp(10, 10, false);
+    unsigned x = 1;
+    unsigned y = 1;
+    canvas.getXYImp(&x, &y);
+    EXPECT_EQ(std::pair(x, y), std::pair(0u, 0u));
+    EXPECT_FALSE(canvas.getImage().isValid());
 }
 
 }  // namespace

@@ -5,12 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/abstract_barcode_element.h"
-#include "BarcodeLib/abstract_barcode_visitor.h"
-#include "BarcodeLib/barcode_bar.h"
 #include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/barcode_space.h"
-#include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/strategy_code39.h"
 #include "tests/support/scan_harness.h"
 
@@ -23,39 +18,6 @@ constexpr unsigned kCode39 = 3;
 constexpr unsigned kWhite = 0xFFFFFFFF;
 constexpr unsigned kBlack = 0xFF000000;
 constexpr unsigned kClear = 0x00FFFFFF;
-
-// The module pattern of a tree's bars and spaces, left to right: '1' dark, '0' light.
-class PatternVisitor : public BarcodeVelko::AbstractBarcodeVisitor {
-public:
-    void visit(BarcodeVelko::BarcodeSpace* space) override {
-        modules.append(space->getMinWidth(), '0');
-    }
-    void visit(BarcodeVelko::BarcodeBar* bar) override { modules.append(bar->getMinWidth(), '1'); }
-    void visit(BarcodeVelko::BarcodeText*) override {}
-
-    std::string modules;
-};
-
-std::string code39Modules(const std::wstring& value) {
-    BarcodeVelko::StrategyCode39 strategy;
-    BarcodeVelko::AbstractBarcodeElement* element = nullptr;
-    std::wstring text;
-    EXPECT_TRUE(strategy.generate(value.c_str(), &element, 3, 0, true, 0, 0, 1, 0, text));
-    BarcodeVelko::SmartPtr<BarcodeVelko::AbstractBarcodeElement> root(element);
-    PatternVisitor visitor;
-    root->visit(&visitor);
-    return visitor.modules;
-}
-
-void setCode39(BarcodeFacade2& facade, const std::wstring& value, unsigned width, unsigned height,
-               unsigned rotation) {
-    facade.setCodeAuto(false);
-    facade.setCodeType(kCode39);
-    facade.setColumnCount(width);
-    facade.setRowCount(height);
-    facade.setCanvasRotation(rotation);
-    facade.setCodeValue(value.c_str());
-}
 
 struct Look {
     unsigned rotation;
@@ -70,6 +32,14 @@ std::ostream& operator<<(std::ostream& out, const Look& look) {
                << ", font " << look.fontSize << (look.transparent ? ", transparent" : "");
 }
 
+// The picture as the logical canvas drew it, before the rotation turned it clockwise.
+Picture upright(Picture picture, unsigned rotation) {
+    for (unsigned turn = rotation / 90; turn % 4 != 0; ++turn) {
+        picture = VelkoTest::rotate90(picture);
+    }
+    return picture;
+}
+
 // Every pixel of the picture against a symbol laid out by hand: whole pixels per module,
 // centred by halves, at the top of the logical canvas, which the rotation then turns.
 void expectExactPicture(const Look& look, const std::wstring& value) {
@@ -77,7 +47,8 @@ void expectExactPicture(const Look& look, const std::wstring& value) {
     // The font size is taken before the height, which caps it only at the picture.
     facade.setRowCount(8000);
     facade.setFontSize(look.fontSize);
-    setCode39(facade, value, look.width, look.height, look.rotation);
+    VelkoTest::setUp(facade, kCode39, look.width, look.height, look.rotation);
+    facade.setCodeValue(value.c_str());
     facade.setBarColor(look.barColor);
     facade.setBgColor(look.bgColor);
     facade.setBgTransparent(look.transparent);
@@ -91,36 +62,18 @@ void expectExactPicture(const Look& look, const std::wstring& value) {
     ASSERT_EQ(picture.width, look.width) << look;
     ASSERT_EQ(picture.height, look.height) << look;
 
-    const bool turned = look.rotation == 90 || look.rotation == 270;
-    const unsigned canvasWidth = turned ? look.height : look.width;
-    const unsigned canvasHeight = turned ? look.width : look.height;
-    const std::string modules = code39Modules(value);
-    const unsigned moduleWidth = canvasWidth / modules.size();
-    const unsigned left = canvasWidth / 2 - modules.size() * moduleWidth / 2;
-    const unsigned barHeight = canvasHeight - fontSize;
+    const Picture canvas = upright(picture, look.rotation);
+    BarcodeVelko::StrategyCode39 strategy;
+    const std::string modules =
+        VelkoTest::modules(VelkoTest::leavesOf(VelkoTest::build(strategy, value, 3).get()));
+    const unsigned moduleWidth = canvas.width / modules.size();
+    const unsigned left = canvas.width / 2 - modules.size() * moduleWidth / 2;
     const unsigned background = look.transparent ? kClear : look.bgColor;
-
     unsigned wrong = 0;
-    for (unsigned py = 0; py < picture.height; ++py) {
-        for (unsigned px = 0; px < picture.width; ++px) {
-            unsigned x = px;
-            unsigned y = py;
-            switch (look.rotation) {
-                case 90:
-                    x = py;
-                    y = canvasHeight - 1 - px;
-                    break;
-                case 180:
-                    x = canvasWidth - 1 - px;
-                    y = canvasHeight - 1 - py;
-                    break;
-                case 270:
-                    x = canvasWidth - 1 - py;
-                    y = px;
-                    break;
-            }
-            const unsigned pixel = picture.pixel(px, py);
-            if (y >= barHeight) {
+    for (unsigned y = 0; y < canvas.height; ++y) {
+        for (unsigned x = 0; x < canvas.width; ++x) {
+            const unsigned pixel = canvas.pixel(x, y);
+            if (y >= canvas.height - fontSize) {
                 // The text row: whatever the text draws, no bar reaches into it.
                 wrong += pixel == look.barColor;
                 continue;
@@ -150,37 +103,36 @@ TEST(RenderTest, BarsLandWhereTheTreePutsThemInEveryRotation) {
 }
 
 TEST(RenderTest, Code39ScansBackInEveryRotationAndSize) {
-    const std::vector<std::wstring> values{L"0123456789", L"ABCDEFGHIJKLM", L"NOPQRSTUVWXYZ",
-                                           L"- .$/+%", L"CODE 39-A1"};
-    struct Size {
-        unsigned along, across;
+    // '*' is the reader's start and stop, so it can't be read back from the middle.
+    const std::wstring all = L"-./0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ $%+";
+    const struct {
+        unsigned width, height, rotation;
+    } sizes[] = {
+        {16 * 43 + 31 + 40, 80, 0},  // one pixel a module, with room for the quiet zones
+        {150, 2 * (16 * 43 + 31) + 80, 90},
+        {1600, 400, 180},
+        {80, 2400, 270},
     };
-    for (const Size size : {Size{420, 80}, Size{900, 150}, Size{1500, 400}}) {
-        for (unsigned rotation : {0u, 90u, 180u, 270u}) {
-            const bool turned = rotation == 90 || rotation == 270;
-            for (const std::wstring& value : values) {
-                BarcodeFacade2 facade;
-                setCode39(facade, value, turned ? size.across : size.along,
-                          turned ? size.along : size.across, rotation);
-                const Picture picture = VelkoTest::render(facade);
-                const std::string expected(value.begin(), value.end());
-                EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::Code39), expected)
-                    << "rotation " << rotation << ", along " << size.along;
-            }
-        }
+    for (const auto& size : sizes) {
+        EXPECT_EQ(
+            VelkoTest::scan(VelkoTest::draw(kCode39, all, size.width, size.height, size.rotation),
+                            ZXing::BarcodeFormat::Code39),
+            VelkoTest::narrow(all))
+            << "rotation " << size.rotation;
     }
 }
 
-// The light space on each side of the dark pixels, named as the logical canvas sees them.
+// The light space on each side of the dark pixels, as the logical canvas sees them.
 struct Gaps {
     unsigned top, bottom, left, right;
 };
 
 Gaps logicalGaps(const Picture& picture, unsigned rotation) {
-    unsigned minX = picture.width, minY = picture.height, maxX = 0, maxY = 0;
-    for (unsigned y = 0; y < picture.height; ++y) {
-        for (unsigned x = 0; x < picture.width; ++x) {
-            if (picture.pixel(x, y) == kBlack) {
+    const Picture canvas = upright(picture, rotation);
+    unsigned minX = canvas.width, minY = canvas.height, maxX = 0, maxY = 0;
+    for (unsigned y = 0; y < canvas.height; ++y) {
+        for (unsigned x = 0; x < canvas.width; ++x) {
+            if (canvas.pixel(x, y) == kBlack) {
                 minX = std::min(minX, x);
                 maxX = std::max(maxX, x);
                 minY = std::min(minY, y);
@@ -188,17 +140,7 @@ Gaps logicalGaps(const Picture& picture, unsigned rotation) {
             }
         }
     }
-    const Gaps physical{minY, picture.height - 1 - maxY, minX, picture.width - 1 - maxX};
-    switch (rotation) {
-        case 90:
-            return {physical.right, physical.left, physical.top, physical.bottom};
-        case 180:
-            return {physical.bottom, physical.top, physical.right, physical.left};
-        case 270:
-            return {physical.left, physical.right, physical.bottom, physical.top};
-        default:
-            return physical;
-    }
+    return {minY, canvas.height - 1 - maxY, minX, canvas.width - 1 - maxX};
 }
 
 TEST(RenderTest, VerticalAlignmentPlacesASquareSymbol) {
@@ -207,11 +149,7 @@ TEST(RenderTest, VerticalAlignmentPlacesASquareSymbol) {
         for (unsigned align : {1u, 2u, 3u}) {
             const bool turned = rotation == 90 || rotation == 270;
             BarcodeFacade2 facade;
-            facade.setCodeAuto(false);
-            facade.setCodeType(kQRCode);
-            facade.setColumnCount(turned ? 240 : 101);
-            facade.setRowCount(turned ? 101 : 240);
-            facade.setCanvasRotation(rotation);
+            VelkoTest::setUp(facade, kQRCode, turned ? 240 : 101, turned ? 101 : 240, rotation);
             facade.setBarVerticalAlign(align);
             facade.setCodeValue(L"VELKO");
             const Picture picture = VelkoTest::render(facade);
@@ -235,49 +173,47 @@ TEST(RenderTest, VerticalAlignmentPlacesASquareSymbol) {
 }
 
 TEST(RenderTest, FailuresGiveAnErrorPicture) {
-    struct Case {
-        const char* name;
+    const struct {
         std::function<void(BarcodeFacade2&)> setUp;
         int code;
         std::wstring message;
-    };
-    const std::vector<Case> cases{
-        {"no width", [](BarcodeFacade2& f) { f.setColumnCount(0); }, 2, L"size too small"},
-        {"one module short", [](BarcodeFacade2& f) { f.setRowCount(110); }, 2, L"size too small"},
-        {"refused value", [](BarcodeFacade2& f) { f.setCodeValue(L"lower case"); }, 3,
-         L"invalid barcode"},
+    } cases[] = {
+        {[](BarcodeFacade2& f) { f.setColumnCount(0); }, 2, L"size too small"},
+        {[](BarcodeFacade2& f) { f.setRowCount(110); }, 2, L"size too small"},  // a module short
+        {[](BarcodeFacade2& f) { f.setCodeValue(L"lower case"); }, 3, L"invalid barcode"},
         // A Base64 value that decodes to nothing makes the strategy's trial throw.
-        {"exception in generation",
-         [](BarcodeFacade2& f) {
+        {[](BarcodeFacade2& f) {
              f.setDataType(1);
              EXPECT_ANY_THROW(f.setCodeValue(L"\n"));
          },
          1, L"Generation error. Possibly incorrect parameters."},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         // Neither the rotation nor the background reach an error picture.
         BarcodeFacade2 facade;
-        setCode39(facade, L"AB-12", 50, 111, 90);
+        VelkoTest::setUp(facade, kCode39, 50, 111, 90);
+        facade.setCodeValue(L"AB-12");
         facade.setBgTransparent(true);
         facade.setBgColor(0x11223344);
         c.setUp(facade);
         const Picture picture = VelkoTest::render(facade);
-        EXPECT_EQ(facade.getLastError().code(), c.code) << c.name;
-        EXPECT_EQ(facade.getLastError().message().toStdWString(), c.message) << c.name;
-        EXPECT_EQ(picture.width, 200u) << c.name;
-        EXPECT_EQ(picture.height, 100u) << c.name;
-        EXPECT_EQ(picture.pixel(0, 0), kWhite) << c.name;
-        EXPECT_EQ(picture.pixel(199, 99), kWhite) << c.name;
-        // The message is written in black, the one colour with zero samples here.
-        EXPECT_NE(std::count(picture.rgba.begin(), picture.rgba.end(), 0), 0) << c.name;
+        SCOPED_TRACE(VelkoTest::narrow(c.message));
+        EXPECT_EQ(facade.getLastError().code(), c.code);
+        EXPECT_EQ(facade.getLastError().message().toStdWString(), c.message);
+        EXPECT_EQ(std::pair(picture.width, picture.height), std::pair(200u, 100u));
+        EXPECT_EQ(picture.pixel(0, 0), kWhite);
+        EXPECT_EQ(picture.pixel(199, 99), kWhite);
+        // The message is written in black, the one colour with zero samples here: three a pixel,
+        // and a message takes more than a hundred.
+        EXPECT_GT(std::count(picture.rgba.begin(), picture.rgba.end(), 0), 3 * 100);
 
         // The next good picture clears the error.
         facade.setDataType(0);
         facade.setColumnCount(50);
         facade.setRowCount(300);
         facade.setCodeValue(L"AB-12");
-        EXPECT_EQ(VelkoTest::render(facade).height, 300u) << c.name;
-        EXPECT_EQ(facade.getLastError().code(), 0) << c.name;
+        EXPECT_EQ(VelkoTest::render(facade).height, 300u);
+        EXPECT_EQ(facade.getLastError().code(), 0);
     }
 }
 

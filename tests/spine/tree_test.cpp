@@ -3,36 +3,71 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "BarcodeLib/abstract_barcode_visitor.h"
 #include "BarcodeLib/barcode_bar.h"
 #include "BarcodeLib/barcode_canvas.h"
+#include "BarcodeLib/barcode_canvas_memory_impl.h"
 #include "BarcodeLib/barcode_column.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/barcode_space.h"
 #include "BarcodeLib/barcode_text.h"
 #include "BarcodeLib/encode_line.h"
+#include "BarcodeLib/strategy_code39.h"
 #include "BarcodeLib/visitor_size_code_x.h"
-#include "tests/spine/recording_canvas.h"
+#include "tests/support/tree_checks.h"
 
 using namespace BarcodeVelko;
+using VelkoTest::thrownCode;
 
 namespace {
 
-// Each leaf as kind and width, then "c" if control, its custom data if any, "!" if last.
-class LeafLister : public AbstractBarcodeVisitor {
+// Records what the tree asks of the bridge. Each drawing call moves the pen on by the box it was
+// given, as a careless surface might, so that a composite relying on it is caught.
+class RecordingCanvasImp : public BarcodeCanvasMemoryImpl {
 public:
-    std::vector<std::string> leaves;
-    void visit(BarcodeSpace* space) override { add("s", space); }
-    void visit(BarcodeBar* bar) override { add("b", bar); }
-    void visit(BarcodeText* text) override { add("t", text); }
+    struct Call {
+        char kind;  // 'b' bar, 's' space, 't' text
+        unsigned x, y, width, height;
+        bool last;
+        std::wstring text;
+        bool operator==(const Call& o) const {
+            return std::tie(kind, x, y, width, height, last, text) ==
+                   std::tie(o.kind, o.x, o.y, o.width, o.height, o.last, o.text);
+        }
+    };
+
+    std::vector<Call> calls;
+    unsigned penX = 0;
+    unsigned penY = 0;
+
+    RecordingCanvasImp() : BarcodeCanvasMemoryImpl(1000, 1000, 0xFFFFFFFF) {}
+    void getXYImp(unsigned* x, unsigned* y) override {
+        *x = penX;
+        *y = penY;
+    }
+    void setXYImp(unsigned x, unsigned y) override {
+        penX = x;
+        penY = y;
+    }
+    void drawSpaceImp(unsigned width, unsigned height, bool last) override {
+        record('s', width, height, last, L"");
+    }
+    void drawBarImp(unsigned width, unsigned height, bool last) override {
+        record('b', width, height, last, L"");
+    }
+    void drawTextImp(unsigned width, unsigned height, const wchar_t* text) override {
+        record('t', width, height, false, text);
+    }
 
 private:
-    void add(std::string leaf, AbstractBarcodeRect* rect) {
-        leaf += std::to_string(rect->getMinWidth()) + (rect->isControl() ? "c" : "");
-        leaf += rect->getCustomData() ? std::to_string(rect->getCustomData()) : "";
-        leaves.push_back(leaf + (rect->isLastRect() ? "!" : ""));
+    void record(char kind, unsigned width, unsigned height, bool last, const wchar_t* text) {
+        calls.push_back({kind, penX, penY, width, height, last, text});
+        penX += width;
+        penY += height;
     }
 };
 
@@ -42,15 +77,6 @@ public:
     void visit(BarcodeBar*) override { throw BarcodeException::OutOfMemory(); }
     void visit(BarcodeText*) override {}
 };
-
-unsigned thrownCode(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const BarcodeException::AbstractBarcodeException& e) {
-        return e.getCode();
-    }
-    return 0;
-}
 
 // A column of a bars row of `pattern` and a text row of `textWidth` modules and height 0.
 void buildSymbol(BarcodeColumn& column, const char* pattern, unsigned textWidth) {
@@ -69,7 +95,7 @@ TEST(EncodeLine, CutsRunsAndFlagsOnlyTheLastRunOfTheLastCall) {
         std::vector<std::pair<const char*, bool>> calls;
         bool control;
         unsigned customData;
-        std::vector<std::string> leaves;
+        std::vector<std::string> leaves;  // kind and width, "c" control, custom data, "!" last
     };
     const Case cases[] = {
         {{{"0", false}}, false, 0, {"s1"}},
@@ -84,9 +110,14 @@ TEST(EncodeLine, CutsRunsAndFlagsOnlyTheLastRunOfTheLastCall) {
         for (const auto& [pattern, last] : c.calls) {
             encode_line(pattern, &row, c.control, c.customData, last);
         }
-        LeafLister lister;
-        row.visit(&lister);
-        EXPECT_EQ(lister.leaves, c.leaves) << c.calls.front().first;
+        std::vector<std::string> leaves;
+        for (const VelkoTest::Leaf& leaf : VelkoTest::leavesOf(&row)) {
+            leaves.push_back((leaf.kind == '1' ? "b" : "s") + std::to_string(leaf.modules) +
+                             (leaf.control ? "c" : "") +
+                             (leaf.customData ? std::to_string(leaf.customData) : "") +
+                             (leaf.last ? "!" : ""));
+        }
+        EXPECT_EQ(leaves, c.leaves) << c.calls.front().first;
         EXPECT_EQ(row.getMinHeight(), c.leaves.empty() ? 0u : 1u);
     }
 }
@@ -149,7 +180,7 @@ TEST(Tree, SizeVisitorGivesWholeModulesAndPixelHeights) {
         VisitorSizeCodeX visitor(column.getMinWidth(), column.getMinHeight(), c.canvasWidth,
                                  c.canvasHeight, c.fontSize, 30);
         column.visit(&visitor);
-        auto* imp = new SpineTest::RecordingCanvasImp;
+        auto* imp = new RecordingCanvasImp;
         BarcodeCanvas canvas(imp);
         column.draw(&canvas);
         ASSERT_EQ(imp->calls.size(), 6u);
@@ -178,7 +209,7 @@ TEST(Tree, DrawPlacesEachLeafAndLeavesThePenWhereItWas) {
     encode_line("0", nested, false, 0, false);
     bottom->add(new BarcodeText(4, 2, L"ab"));
 
-    auto* imp = new SpineTest::RecordingCanvasImp;
+    auto* imp = new RecordingCanvasImp;
     BarcodeCanvas canvas(imp);
     AbstractBarcodeElement* const composites[] = {&root, top, bottom, nested};
     for (AbstractBarcodeElement* composite : composites) {
@@ -189,7 +220,7 @@ TEST(Tree, DrawPlacesEachLeafAndLeavesThePenWhereItWas) {
         EXPECT_EQ(imp->penY, 7u);
     }
 
-    const SpineTest::RecordingCanvasImp::Call expected[] = {
+    const RecordingCanvasImp::Call expected[] = {
         {'b', 5, 7, 2, 1, false, L""}, {'s', 7, 7, 2, 1, false, L""},
         {'b', 9, 7, 3, 1, true, L""},  {'b', 5, 8, 1, 1, false, L""},
         {'s', 5, 9, 1, 1, false, L""}, {'t', 6, 8, 4, 2, false, L"ab"},
@@ -198,4 +229,54 @@ TEST(Tree, DrawPlacesEachLeafAndLeavesThePenWhereItWas) {
     for (size_t i = 0; i < std::size(expected); ++i) {
         EXPECT_EQ(imp->calls[i], expected[i]) << i;
     }
+}
+
+TEST(Code39, AcceptsItsCharacterSetOnly) {
+    const std::pair<const wchar_t*, bool> cases[] = {
+        {L"CODE39", true}, {L"A*B", true},       {L" $%+-./", true}, {L"Code39", false},
+        {L"", false},      {L"AB\u00C4", false}, {L"A_B", false},    {L"A,B", false},
+    };
+    StrategyCode39 strategy;
+    for (const auto& [value, valid] : cases) {
+        std::wstring check = L"stale";
+        EXPECT_EQ(strategy.checkRaw(value), valid) << value;
+        EXPECT_EQ(strategy.calcCheckSymbol(value, check), valid) << value;
+        EXPECT_EQ(check, L"");
+    }
+}
+
+TEST(Code39, TreeOfTheDemoValueIs127ModulesUnderItsText) {
+    StrategyCode39 strategy;
+    const auto root = VelkoTest::build(strategy, strategy.getDemoValue(), 3);
+    ASSERT_EQ(root->getMinWidth(), 127u);
+    // Two pixels a module, and one short of a third.
+    VelkoTest::sizeTree(strategy, root.get(), 127 * 2 + 1, 80, 12);
+    auto* imp = new RecordingCanvasImp;
+    BarcodeCanvas canvas(imp);
+    root->draw(&canvas);
+    ASSERT_EQ(imp->calls.back().kind, 't');
+    EXPECT_EQ(imp->calls.back().text, L"CODE39");
+    EXPECT_EQ(imp->calls.back().width, 254u);
+    EXPECT_EQ(imp->calls.back().height, 12u);
+    unsigned barsWidth = 0;
+    for (size_t i = 0; i + 1 < imp->calls.size(); ++i) {
+        barsWidth += imp->calls[i].width;
+        EXPECT_EQ(imp->calls[i].height, 68u);
+        EXPECT_EQ(imp->calls[i].last, i + 2 == imp->calls.size());
+    }
+    EXPECT_EQ(barsWidth, 254u);
+}
+
+TEST(Code39, KeepsAGivenTextAndRefusesWithoutTouchingIt) {
+    StrategyCode39 strategy;
+    std::wstring text = L"shown";
+    EXPECT_TRUE(VelkoTest::build(strategy, L"AB", 3, &text));
+    EXPECT_EQ(text, L"shown");
+    EXPECT_TRUE(VelkoTest::refuses(strategy, L"ab", 3));
+
+    BarcodeRow row;
+    EXPECT_THROW(strategy.generate(L"AB", nullptr, 3, 0, true, 0, 0, 0, 0, text),
+                 BarcodeException::Unexpected);
+    EXPECT_THROW(strategy.sizeVisitor(nullptr, 1, 1, 1, 1, 1, 1), BarcodeException::Unexpected);
+    EXPECT_THROW(StrategyCode39::encodeChar(L'a', &row, false), BarcodeException::Unexpected);
 }

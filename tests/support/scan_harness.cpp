@@ -3,6 +3,7 @@
 
 #include "tests/support/scan_harness.h"
 
+#include <gtest/gtest.h>
 #include <lodepng.h>
 
 #include <algorithm>
@@ -42,16 +43,33 @@ Picture render(BarcodeVelko::BarcodeFacade2& facade) {
     return decodePng(renderPng(facade));
 }
 
-std::string scan(const Picture& picture, ZXing::BarcodeFormat format) {
+void setUp(BarcodeVelko::BarcodeFacade2& facade, unsigned type, unsigned width, unsigned height,
+           unsigned rotation) {
+    facade.setCodeAuto(false);
+    facade.setCodeType(type);
+    facade.setColumnCount(width);
+    facade.setRowCount(height);
+    facade.setCanvasRotation(rotation);
+}
+
+Picture draw(unsigned type, const std::wstring& value, unsigned width, unsigned height,
+             unsigned rotation) {
+    BarcodeVelko::BarcodeFacade2 facade;
+    setUp(facade, type, width, height, rotation);
+    facade.setCodeValue(value.c_str());
+    Picture picture = render(facade);
+    EXPECT_EQ(facade.getCodeType(), type);
+    EXPECT_EQ(facade.getLastError().code(), 0) << narrow(value);
+    return picture;
+}
+
+std::string scan(const Picture& picture, ZXing::BarcodeFormat format, ZXing::DecodeHints hints) {
     if (picture.width == 0 || picture.height == 0) {
         return std::string();
     }
     const ZXing::ImageView view(picture.rgba.data(), static_cast<int>(picture.width),
                                 static_cast<int>(picture.height), ZXing::ImageFormat::RGBX);
-    ZXing::DecodeHints hints;
-    hints.setFormats(format);
-    hints.setTryHarder(true);
-    hints.setTryRotate(true);
+    hints.setFormats(format).setTryHarder(true).setTryRotate(true);
     const ZXing::Result result = ZXing::ReadBarcode(view, hints);
     return result.isValid() ? result.text() : std::string();
 }

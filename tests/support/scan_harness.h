@@ -4,19 +4,18 @@
 #include <vector>
 
 #include <ZXing/BarcodeFormat.h>
+#include <ZXing/DecodeHints.h>
+
+#include "tests/support/tree_checks.h"
 
 namespace BarcodeVelko {
 class BarcodeFacade2;
 }
 
 // Test helpers: a facade's picture as the host gets it (draw, then the PNG step), decoded back
-// into pixels, and read by zxing-cpp.
+// into pixels, and read by zxing-cpp; with them come the tree helpers.
 //
-//     BarcodeVelko::BarcodeFacade2 facade;
-//     facade.setCodeAuto(false);
-//     facade.setCodeType(3);
-//     facade.setCodeValue(L"ABC-123");
-//     VelkoTest::Picture picture = VelkoTest::render(facade);
+//     VelkoTest::Picture picture = VelkoTest::draw(3, L"ABC-123", 300, 100);
 //     EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::Code39), "ABC-123");
 namespace VelkoTest {
 
@@ -40,9 +39,20 @@ std::vector<unsigned char> renderPng(BarcodeVelko::BarcodeFacade2& facade);
 // renderPng, decoded.
 Picture render(BarcodeVelko::BarcodeFacade2& facade);
 
+// What a host sets before the value: no type search, the type, and a picture of width x height
+// pixels as it comes out, turned by rotation.
+void setUp(BarcodeVelko::BarcodeFacade2& facade, unsigned type, unsigned width, unsigned height,
+           unsigned rotation = 0);
+
+// setUp and value on a fresh facade, rendered; a failure to take the type or the value fails
+// the test.
+Picture draw(unsigned type, const std::wstring& value, unsigned width, unsigned height,
+             unsigned rotation = 0);
+
 // The text of the one symbol of that format, UTF-8, trying harder and in all orientations;
-// empty when nothing is read. Alpha is ignored.
-std::string scan(const Picture& picture, ZXing::BarcodeFormat format);
+// empty when nothing is read. Alpha is ignored. hints carries the reader's other options.
+std::string scan(const Picture& picture, ZXing::BarcodeFormat format,
+                 ZXing::DecodeHints hints = {});
 
 // The picture turned 90 degrees clockwise.
 Picture rotate90(const Picture& picture);
