@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <pthread.h>
-
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -10,7 +8,6 @@
 #include <string>
 #include <thread>
 
-#include "layer/foundation/mutex_locker.h"
 #include "layer/foundation/p_current_thread.h"
 #include "layer/foundation/p_debug_global.h"
 #include "layer/foundation/p_error.h"
@@ -99,29 +96,6 @@ TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
     pInstallDebugLogger(nullptr);
     pDebugMessageHandler()(DebugMessageContext(), "dropped");
     EXPECT_EQ(pInstallDebugLogger(previous), nullptr);
-}
-
-TEST(MutexLocker, LocksUnlessDeferredAndReleasesOnlyWhatItHolds) {
-    pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
-    const auto isFree = [&] {
-        return pthread_mutex_trylock(&mutex) == 0 && !pthread_mutex_unlock(&mutex);
-    };
-    {
-        MutexLocker locker(&mutex, false);
-        EXPECT_FALSE(isFree());
-        locker.Unlock();
-        locker.Unlock();
-        EXPECT_TRUE(isFree());
-        locker.Lock();
-    }
-    EXPECT_TRUE(isFree());
-    {
-        MutexLocker deferred(&mutex, true);
-        EXPECT_TRUE(isFree());
-    }
-    MutexLocker none(nullptr, false);
-    none.Lock();
-    none.Unlock();
 }
 
 TEST(PCurrentThread, SleepUnitsAreMilliMicroAndNanoseconds) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/dm2png32.h"
 #include "BarcodeLib/strategy_code39.h"
 #include "tests/support/scan_harness.h"
 
@@ -232,6 +233,29 @@ TEST(RenderTest, RemovingTheBackgroundNeedsAnEarlierTree) {
     EXPECT_EQ(second.height, facade.getRowCount());
     EXPECT_LT(second.width, 150u);
     EXPECT_EQ(second.height, 100u);
+}
+
+// Pictures of few colours go out as palettes of 1 to 8 bits, others as RGBA; either way every
+// byte, alpha included, must come back as it went in, also in rows that end mid-byte.
+TEST(PngStep, KeepsEveryPixelWhateverTheNumberOfColours) {
+    const unsigned width = 21;
+    const unsigned height = 15;
+    for (unsigned colours : {1u, 2u, 3u, 5u, 17u, 300u}) {
+        std::vector<unsigned char> pixels;
+        for (unsigned i = 0; i < width * height; ++i) {
+            const unsigned c = (i * 7) % colours;
+            pixels.insert(pixels.end(),
+                          {static_cast<unsigned char>(c), static_cast<unsigned char>(c >> 8),
+                           static_cast<unsigned char>(255 - c % 256),
+                           static_cast<unsigned char>(c % 3 * 100)});
+        }
+        int error = -1;
+        const Picture back =
+            VelkoTest::decodePng(BarcodeVelko::DM2PNG32(pixels.data(), width, height, 4, &error));
+        EXPECT_EQ(error, 0) << colours;
+        EXPECT_EQ(back.width, width);
+        EXPECT_EQ(back.rgba, pixels) << colours << " colours";
+    }
 }
 
 }  // namespace
