@@ -5,7 +5,6 @@
 #include <memory>
 #include <string>
 #include <type_traits>
-#include <vector>
 
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/text_localizer.h"
@@ -150,26 +149,6 @@ TEST(TextLocalizerStates, SlotsAnswerTheirOwnCaptions) {
     for (const auto& c : cases) {
         EXPECT_EQ(std::wstring((english.*c.slot)()), c.english);
         EXPECT_EQ(std::wstring((russian.*c.slot)()), c.russian);
-    }
-}
-
-TEST(TextLocalizerStates, SymbologyNamesAreTheSameInBothLanguages) {
-    const std::vector<Slot> symbologies = {
-        &AbstractTextLocalizerState::ean8,        &AbstractTextLocalizerState::ean13,
-        &AbstractTextLocalizerState::ean128,      &AbstractTextLocalizerState::code39,
-        &AbstractTextLocalizerState::code128,     &AbstractTextLocalizerState::code16k,
-        &AbstractTextLocalizerState::pdf417,      &AbstractTextLocalizerState::interleaved2of5,
-        &AbstractTextLocalizerState::code93,      &AbstractTextLocalizerState::itf14,
-        &AbstractTextLocalizerState::rss14,       &AbstractTextLocalizerState::codaBar,
-        &AbstractTextLocalizerState::ean13AddOn2, &AbstractTextLocalizerState::ean13AddOn5,
-        &AbstractTextLocalizerState::qr,
-    };
-    const TextLocalizerStateEng english;
-    const TextLocalizerStateRus russian;
-    for (Slot slot : symbologies) {
-        const std::wstring name = (english.*slot)();
-        EXPECT_FALSE(name.empty());
-        EXPECT_EQ(name, (russian.*slot)());
     }
 }
 

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -48,26 +47,21 @@ TEST(PError, CopiesKeepTheirErrorWhenAnotherChangesOrClears) {
 
 TEST(PLogger, WritesOnlyWhenOpen) {
     PLogger closed;
-    EXPECT_FALSE(closed.isOpened());
     EXPECT_EQ(closed.addNote("%d", 1), -1);
     closed << 5 << std::string("x");
     EXPECT_FALSE(PLogger(std::string("/nonexistent-dir/log.txt")).isOpened());
 
     std::ostringstream out;
     PLogger logger(&out);
-    ASSERT_TRUE(logger.isOpened());
     logger << static_cast<short>(-1) << 2u << 3.5 << true << std::string("|");
     EXPECT_EQ(logger.addNote("%s=%d", "n", 42), 4);
     EXPECT_EQ(out.str(), "-123.51|n=42");
 
     const std::string path = ::testing::TempDir() + "p_logger_test.txt";
-    {
-        PLogger file(path);
-        ASSERT_TRUE(file.isOpened());
-        file << std::string("line");
-    }
-    std::ifstream written(path);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(written), {}), "line");
+    PLogger(path) << std::string("line");
+    std::string line;
+    std::ifstream(path) >> line;
+    EXPECT_EQ(line, "line");
     std::remove(path.c_str());
 }
 
@@ -75,12 +69,8 @@ TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
     std::ostringstream out;
     PLogger logger(&out);
     PLogger* previous = pInstallDebugLogger(&logger);
-    ASSERT_NE(previous, nullptr);
-    EXPECT_EQ(pDebugLogger(), &logger);
-
     const std::pair<DebugMessageContext, const char*> cases[] = {
         {{DebugMessageContext::Debug, -1}, "m\n"},
-        {{DebugMessageContext::Debug, 0}, "[D(0)]m\n"},
         {{DebugMessageContext::Debug, 3}, "[D(3)]m\n"},
         {{DebugMessageContext::Warning, 3}, "[W]m\n"},
         {{DebugMessageContext::Fatal, -1}, "[F]m\n"},
@@ -91,7 +81,6 @@ TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
         pDebugMessageHandler()(context, "m");
         EXPECT_EQ(out.str(), expected);
     }
-
     // Without a logger the default handler has nowhere to write, and doesn't fail.
     pInstallDebugLogger(nullptr);
     pDebugMessageHandler()(DebugMessageContext(), "dropped");
@@ -99,35 +88,25 @@ TEST(DebugChannel, DefaultHandlerPrefixesByKindAndLevel) {
 }
 
 TEST(PCurrentThread, SleepUnitsAreMilliMicroAndNanoseconds) {
-    using Clock = std::chrono::steady_clock;
     const auto timed = [](void (*sleep)(int), int amount) {
-        const auto start = Clock::now();
+        const auto start = std::chrono::steady_clock::now();
         sleep(amount);
-        return Clock::now() - start;
+        return std::chrono::steady_clock::now() - start;
     };
     // Above one second, so the seconds and the nanoseconds part both count.
     EXPECT_GE(timed(&PCurrentThread::sleep, 1001), std::chrono::milliseconds(1001));
-    const auto micro = timed(&PCurrentThread::mSleep, 20000);
-    EXPECT_GE(micro, std::chrono::milliseconds(20));
-    EXPECT_LT(micro, std::chrono::seconds(1));
-    EXPECT_GE(timed(&PCurrentThread::nSleep, 5000000), std::chrono::milliseconds(5));
+    EXPECT_LT(timed(&PCurrentThread::mSleep, 2000), std::chrono::milliseconds(500));
+    EXPECT_GE(timed(&PCurrentThread::nSleep, 2000000), std::chrono::milliseconds(2));
 }
 
-TEST(TimeStrings, FormatsLocalTimeAndNamesLogFiles) {
-    const std::string year = getCurrentTimeString("%Y");
-    ASSERT_EQ(year.size(), 256u);
-    EXPECT_EQ(year.find('\0'), 4u);
-    EXPECT_EQ(year.find_first_not_of('\0', 4), std::string::npos);
-    EXPECT_EQ(getCurrentTimeString(""), "");
-
+TEST(TimeStrings, LogFileNameAndFixedSizeTime) {
+    EXPECT_EQ(getCurrentTimeString("%Y").find('\0'), 4u);
+    EXPECT_EQ(getCurrentTimeString("%Y").size(), 256u);
     std::ostringstream thread;
-    thread << std::this_thread::get_id();
+    thread << "VelkoBarcodeLib_x" << sizeof(void*) * 8 << "_t" << std::this_thread::get_id() << "_";
     const std::string name = getLogFileName();
-    const std::string prefix =
-        "VelkoBarcodeLib_x" + std::to_string(sizeof(void*) * 8) + "_t" + thread.str() + "_";
-    ASSERT_EQ(name.compare(0, prefix.size(), prefix), 0) << name;
-    EXPECT_EQ(name.size(), prefix.size() + 14 + 4) << name;
-    EXPECT_EQ(name.substr(name.size() - 4), ".txt");
+    EXPECT_EQ(name.rfind(thread.str(), 0), 0u) << name;
+    EXPECT_EQ(name.substr(thread.str().size() + 14), ".txt") << name;
 }
 
 TEST(Trace, WritesPriorityTagAndTextToStandardError) {

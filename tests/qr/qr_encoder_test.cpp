@@ -60,16 +60,6 @@ TEST(QRBitText, BytesHeaderTerminatorAndPad) {
         EXPECT_EQ(empty.substr(i, 8), kAdditionBytes[pad]) << i;
     }
 
-    // From version 10 the count takes 16 bits.
-    const std::string data = getByteFromInputData(bytes(231).c_str());
-    const std::string longCount = addTechnicalInformation(kEncodingModeIndicator, LevelL, data, 9);
-    EXPECT_EQ(longCount.size(), static_cast<size_t>(kDataBitsTable[LevelL][9]));
-    EXPECT_EQ(longCount.substr(0, 20),
-              "0100"
-              "0000000011100111");
-    EXPECT_EQ(longCount.substr(20, data.size()), data);
-    EXPECT_EQ(longCount.substr(20 + data.size(), 4), "0000");
-
     EXPECT_EQ(getEncodingBytes("0100000110000000"), (std::vector<short>{0x41, 0x80}));
 }
 

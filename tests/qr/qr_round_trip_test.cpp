@@ -53,21 +53,6 @@ int emptyCells(const BitmapMatrix& matrix) {
     return count;
 }
 
-std::string message(size_t length) {
-    static const char kAlphabet[] = "The quick brown fox jumps over 13 lazy dogs; ";
-    std::string text;
-    for (size_t i = 0; i < length; ++i) {
-        text += kAlphabet[i % (sizeof(kAlphabet) - 1)];
-    }
-    return text;
-}
-
-// Longest message that fits the version at the level.
-size_t capacityBytes(ErrorCorrectionLevels level, int versionIndex) {
-    const int header = versionIndex < 9 ? 12 : 20;
-    return static_cast<size_t>((kDataBitsTable[level][versionIndex] - header) / 8);
-}
-
 }  // namespace
 
 TEST(QRRoundTrip, EveryVersionAtItsCapacityEdgeDecodes) {
@@ -95,22 +80,6 @@ TEST(QRRoundTrip, EveryVersionAtItsCapacityEdgeDecodes) {
             if (fits) {
                 EXPECT_EQ(next.versionIndex, v + 1);
             }
-        }
-    }
-}
-
-TEST(QRRoundTrip, Utf8TextGoesInAsItsBytes) {
-    const std::string texts[] = {
-        "Съешь же ещё этих мягких французских булок, да выпей чаю",
-        "QR \xF0\x9F\x98\x80 \xF0\x9F\x9A\x80 \xF0\x9F\x8C\x8D ok",
-    };
-    for (const std::string& text : texts) {
-        for (ErrorCorrectionLevels level : kLevels) {
-            std::unique_ptr<BitmapMatrix> matrix;
-            ASSERT_TRUE(QRcode::generateQRBitmapMatrix(text.c_str(), level, 300, matrix, false));
-            const Decoded decoded = decode(*matrix, false);
-            ASSERT_TRUE(decoded.valid) << text;
-            EXPECT_EQ(decoded.bytes, text);
         }
     }
 }

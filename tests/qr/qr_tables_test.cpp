@@ -118,19 +118,3 @@ TEST(QRTables, SidesAndAlignmentCentresFollowTheirSpacingRule) {
         }
     }
 }
-
-TEST(QRTables, DataCapacityIsWhatTheBlocksLeave) {
-    for (int level = 0; level < kLevelCount; ++level) {
-        for (int version = 1; version <= kVersionCount; ++version) {
-            const int v = version - 1;
-            const int codewords = dataModuleCount(version) / 8;
-            const int blocks = kBlockCountTable[level][v];
-            const int correction = blocks * kBlockCorrectionTable[level][v];
-            EXPECT_EQ(kDataBitsTable[level][v], (codewords - correction) * 8)
-                << "level " << level << " version " << version;
-        }
-    }
-    EXPECT_EQ(kDataBitsTable[LevelL][0], 152);
-    EXPECT_EQ(kDataBitsTable[LevelL][39], 23648);
-    EXPECT_EQ(kDataBitsTable[LevelH][39], 10208);
-}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "BarcodeLib/QR/qr_code.h"
 #include "BarcodeLib/QR/qr_tables.h"
 
@@ -32,25 +34,6 @@ inline int alignmentCount(int version) {
     return version < 2 ? 0 : version / 7 + 2;
 }
 
-// Modules left for codewords and remainder bits, counted from the function patterns.
-inline int dataModuleCount(int version) {
-    const int n = 17 + 4 * version;
-    const int centres = alignmentCount(version);
-    int patterns = 0;
-    int onTimingLines = 0;
-    if (version >= 7) {
-        patterns = centres * centres - 3;
-        onTimingLines = 2 * (centres - 2);
-    } else if (version >= 2) {
-        patterns = 1;
-    }
-    const int finders = 3 * 8 * 8;
-    const int timing = 2 * (n - 16);
-    const int format = 2 * 15 + 1;
-    const int versionInfo = version >= 7 ? 2 * 18 : 0;
-    return n * n - finders - timing - format - versionInfo - 25 * patterns + 5 * onTimingLines;
-}
-
 // Finder, alignment, timing and version patterns of a version, as the encoder lays them.
 inline BitmapMatrix functionPatterns(short versionIndex) {
     const int n = kImageSizeTable[versionIndex];
@@ -75,4 +58,20 @@ inline bool sameCells(const BitmapMatrix& a, const BitmapMatrix& b) {
         }
     }
     return true;
+}
+
+// Text of length bytes, ASCII, not all of one kind.
+inline std::string message(size_t length) {
+    static const char kAlphabet[] = "Ship to: 221B Baker Street, London NW1 6XE; ";
+    std::string text;
+    for (size_t i = 0; i < length; ++i) {
+        text += kAlphabet[i % (sizeof(kAlphabet) - 1)];
+    }
+    return text;
+}
+
+// Longest message that fits the version at the level.
+inline size_t capacityBytes(int level, int versionIndex) {
+    const int header = versionIndex < 9 ? 12 : 20;
+    return static_cast<size_t>((kDataBitsTable[level][versionIndex] - header) / 8);
 }

@@ -8,6 +8,7 @@
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
 #include "BarcodeLib/strategy_qr.h"
+#include "tests/qr/qr_test_support.h"
 #include "tests/support/scan_harness.h"
 
 using namespace BarcodeVelko;
@@ -38,22 +39,8 @@ std::string scanQR(const VelkoTest::Picture& picture) {
     return VelkoTest::scan(picture, ZXing::BarcodeFormat::QRCode);
 }
 
-std::string message(size_t length) {
-    static const char kAlphabet[] = "Ship to: 221B Baker Street, London NW1 6XE; ";
-    std::string text;
-    for (size_t i = 0; i < length; ++i) {
-        text += kAlphabet[i % (sizeof(kAlphabet) - 1)];
-    }
-    return text;
-}
-
 std::wstring wide(const std::string& ascii) {
     return std::wstring(ascii.begin(), ascii.end());
-}
-
-size_t capacityBytes(int level, int versionIndex) {
-    const int header = versionIndex < 9 ? 12 : 20;
-    return static_cast<size_t>((kDataBitsTable[level][versionIndex] - header) / 8);
 }
 
 }  // namespace

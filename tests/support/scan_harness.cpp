@@ -33,14 +33,10 @@ Picture decodePng(const std::vector<unsigned char>& png) {
     return picture;
 }
 
-std::vector<unsigned char> renderPng(BarcodeVelko::BarcodeFacade2& facade) {
-    const PImage image = facade.draw();
-    return BarcodeVelko::DM2PNG32(image.pixelData(), image.width(), image.height(),
-                                  image.bytesPerPixel(), nullptr);
-}
-
 Picture render(BarcodeVelko::BarcodeFacade2& facade) {
-    return decodePng(renderPng(facade));
+    const PImage image = facade.draw();
+    return decodePng(BarcodeVelko::DM2PNG32(image.pixelData(), image.width(), image.height(),
+                                            image.bytesPerPixel(), nullptr));
 }
 
 void setUp(BarcodeVelko::BarcodeFacade2& facade, unsigned type, unsigned width, unsigned height,

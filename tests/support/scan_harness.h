@@ -33,10 +33,7 @@ struct Picture {
 // An empty picture (width and height 0) if the bytes aren't a PNG file.
 Picture decodePng(const std::vector<unsigned char>& png);
 
-// The bytes that the host would get: draw() and DM2PNG32. Error pictures included.
-std::vector<unsigned char> renderPng(BarcodeVelko::BarcodeFacade2& facade);
-
-// renderPng, decoded.
+// The picture that the host would get, through draw() and DM2PNG32; error pictures included.
 Picture render(BarcodeVelko::BarcodeFacade2& facade);
 
 // What a host sets before the value: no type search, the type, and a picture of width x height
