@@ -62,8 +62,10 @@ struct Options {
     std::string value;
 };
 
+// A bad command line, or a write the object refused; both exit with 2.
 struct UsageError {
     std::string message;
+    bool showUsage = true;
 };
 
 bool parseInteger(const std::string& text, int& number) {
@@ -164,7 +166,8 @@ void write(ExtensionSession& session, const std::string& name, const std::string
     if (!session.set(index, value)) {
         const std::string reason = lastHostError(session);
         throw UsageError{"the object refused " + name + "=" + text +
-                         (reason.empty() ? std::string() : ": " + reason)};
+                             (reason.empty() ? std::string() : ": " + reason),
+                         false};
     }
 }
 
@@ -291,7 +294,7 @@ int main(int argc, char** argv) {
     try {
         return run(parse(argc, argv));
     } catch (const UsageError& error) {
-        std::cerr << "velko-barcode: " << error.message << "\n" << kUsage;
+        std::cerr << "velko-barcode: " << error.message << "\n" << (error.showUsage ? kUsage : "");
         return kUsageError;
     }
 }
