@@ -241,6 +241,34 @@ TEST_F(ExtensionTest, FontMethods) {
     EXPECT_FALSE(session.call(3, {}, missing));
 }
 
+// Whatever the value, every code type answers with a picture and a Result, and the session's
+// books stay balanced (checked by the fixture).
+TEST_F(ExtensionTest, HostileValuesGiveAPictureInEveryCodeType) {
+    const std::string values[] = {
+        std::string(3000, '7'), std::string(4000, 'x'), "\x01\x02\x7f", "😀 Привет", "(01)", " ",
+    };
+    for (int type = 0; type < 25; ++type) {
+        ASSERT_TRUE(session.set("CodeAuto", false));
+        ASSERT_TRUE(session.set("CodeType", type));
+        for (const std::string& value : values) {
+            session.set("CodeValue", value);
+            const VelkoTest::Picture picture = VelkoTest::decodePng(session.getBarcode());
+            EXPECT_GT(picture.width, 0u) << "type " << type;
+            const Value result = session.get("Result");
+            EXPECT_TRUE(result == Value(0) || result == Value(1)) << "type " << type;
+        }
+    }
+    EXPECT_TRUE(session.set("CodeAuto", true));
+    std::string tooLong;
+    for (int i = 0; i < 2000; ++i) {
+        tooLong += "Ж";
+    }
+    EXPECT_TRUE(session.set("CodeValue", tooLong));
+    EXPECT_EQ(session.get("CodeType"), Value(16));
+    EXPECT_FALSE(session.getBarcode().empty());
+    EXPECT_EQ(session.get("Result"), Value(1));
+}
+
 TEST(ExtensionEntryPoints, MakeAndDestroyOnlyWhatTheyShould) {
     ASSERT_TRUE(library().loaded()) << library().error();
     IVelkoExtension* object = nullptr;

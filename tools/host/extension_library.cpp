@@ -20,7 +20,9 @@ bool resolve(void* handle, const char* name, Function& function, std::string& er
 }  // namespace
 
 ExtensionLibrary::ExtensionLibrary(const std::string& path) {
-    handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // Like the platform, the host keeps an extension for the life of the process: its
+    // process-wide stores (glyphs, font lists) and those of its libraries live until the end.
+    handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (!handle) {
         const char* reason = dlerror();
         loadError = reason ? reason : "dlopen failed";
