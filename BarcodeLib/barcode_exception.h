@@ -54,8 +54,7 @@ using TextPositionWrongValue =
 using BarAlignWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiBarAlignWrongValue>;
 using FontWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiFontWrongValue>;
 using TextColorWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiTextColorWrongValue>;
-using TextVisibleWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiTextVisibleWrongValue>;
+using TextVisibleWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiTextVisibleWrongValue>;
 using BgColorWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiBgColorWrongValue>;
 using BgTransparentWrongValue =
     LocalizedException<kInvalidArgumentCode, &S::eiBgTransparentWrongValue>;
@@ -70,15 +69,12 @@ using CodeType1WrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeT
 using CodeType2WrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeType2WrongValue>;
 using CodeAutoWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeAutoWrongValue>;
 using CodeIsRawWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeIsRawWrongValue>;
-using CodeShowCSWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiCodeShowCSWrongValue>;
+using CodeShowCSWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeShowCSWrongValue>;
 using CodeSentinelWrongValue =
     LocalizedException<kInvalidArgumentCode, &S::eiCodeSentinelWrongValue>;
-using ColumnCountWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiColumnCountWrongValue>;
+using ColumnCountWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiColumnCountWrongValue>;
 using RowCountWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiRowCountWrongValue>;
-using AspectRatioWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiAspectRatioWrongValue>;
+using AspectRatioWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiAspectRatioWrongValue>;
 using ECLWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiECLWrongValue>;
 using ImagickMagickNoInit = LocalizedException<kInvalidArgumentCode, &S::eiImagickMagickNoInit>;
 

@@ -1,7 +1,7 @@
 #include "BarcodeLib/QR/qr_reed_solomon.h"
 
-#include <cstddef>
 #include <algorithm>
+#include <cstddef>
 
 #include "BarcodeLib/QR/qr_tables.h"
 
