@@ -286,122 +286,106 @@ bool CBarcode::GetPropVal(long index, VelkoVariant* value) {
             return putString(value, f.getFileName());
         case kVersion:
             return putString(value, kVersionText);
-        case kTextVisible:
-            putFlag(value, f.getTextVisible());
-            return true;
-        case kBgTransparent:
-            putFlag(value, f.getBgTransparent());
-            return true;
-        case kCodeAuto:
-            putFlag(value, f.getCodeAuto());
-            return true;
-        case kCodeIsRaw:
-            putFlag(value, f.getCodeIsRaw());
-            return true;
-        case kCodeShowCS:
-            putFlag(value, f.getCodeShowCS());
-            return true;
-        case kGraphicsPresent:
-            putFlag(value, f.isGraphicsPresent());
-            return true;
-        case kRemoveExeedBackgroud:
-            putFlag(value, f.getRemoveExeedBackgroudFlag());
-            return true;
         case kCodeValue:
         case kLogoImage:
             return false;
+        case kTextVisible:
+        case kBgTransparent:
+        case kCodeAuto:
+        case kCodeIsRaw:
+        case kCodeShowCS:
+        case kGraphicsPresent:
+        case kRemoveExeedBackgroud:
+            putFlag(value, flagOf(index));
+            return true;
         default:
-            break;
+            putInteger(value, static_cast<int>(integerOf(index)));
+            return true;
     }
-    unsigned number = 0;
+}
+
+bool CBarcode::flagOf(long index) const {
+    const BarcodeFacade2& f = *facade;
+    switch (index) {
+        case kTextVisible:
+            return f.getTextVisible();
+        case kBgTransparent:
+            return f.getBgTransparent();
+        case kCodeAuto:
+            return f.getCodeAuto();
+        case kCodeIsRaw:
+            return f.getCodeIsRaw();
+        case kCodeShowCS:
+            return f.getCodeShowCS();
+        case kGraphicsPresent:
+            return f.isGraphicsPresent();
+        default:
+            return f.getRemoveExeedBackgroudFlag();
+    }
+}
+
+unsigned CBarcode::integerOf(long index) const {
+    const BarcodeFacade2& f = *facade;
     switch (index) {
         case kFontSize:
-            number = f.getFontSize();
-            break;
+            return f.getFontSize();
         case kTextColor:
-            number = f.getTextColor();
-            break;
+            return f.getTextColor();
         case kTextAlign:
-            number = f.getTextAlign();
-            break;
+            return f.getTextAlign();
         case kTextPos:
-            number = f.getTextPos();
-            break;
+            return f.getTextPos();
         case kBgColor:
-            number = f.getBgColor();
-            break;
+            return f.getBgColor();
         case kBarColor:
-            number = f.getBarColor();
-            break;
+            return f.getBarColor();
         case kCanvasRotation:
-            number = f.getCanvasRotation();
-            break;
+            return f.getCanvasRotation();
         case kCanvasXOffset:
-            number = static_cast<unsigned>(f.getCanvasXOffset());
-            break;
+            return static_cast<unsigned>(f.getCanvasXOffset());
         case kCanvasYOffset:
-            number = static_cast<unsigned>(f.getCanvasYOffset());
-            break;
+            return static_cast<unsigned>(f.getCanvasYOffset());
         case kCanvasMargin:
-            number = static_cast<unsigned>(f.getCanvasMargin());
-            break;
+            return static_cast<unsigned>(f.getCanvasMargin());
         case kBarAlign:
-            number = f.getBarAlign();
-            break;
+            return f.getBarAlign();
         case kCodeType:
-            number = f.getCodeType();
-            break;
+            return f.getCodeType();
         case kCodeSentinel:
-            number = f.getCodeSentinel();
-            break;
+            return f.getCodeSentinel();
         case kCodeMinWidth:
-            number = f.getCodeMinWidth();
-            break;
+            return f.getCodeMinWidth();
         case kCodeMinHeight:
-            number = f.getCodeMinHeight();
-            break;
+            return f.getCodeMinHeight();
         case kWidth:
-            number = f.getColumnCount();
-            break;
+            return f.getColumnCount();
         case kHeight:
-            number = f.getRowCount();
-            break;
+            return f.getRowCount();
         case kECL:
-            number = f.getECL();
-            break;
+            return f.getECL();
         case kFontCount:
-            number = f.getFontCount();
-            break;
+            return f.getFontCount();
         case kRowCount:
-            number = f.getRow2DCount();
-            break;
+            return f.getRow2DCount();
         case kColumnCount:
-            number = f.getColumn2DCount();
-            break;
+            return f.getColumn2DCount();
         case kMaxFontSizeForHinting:
-            number = static_cast<unsigned>(f.getMaxFontSizeForHinting());
-            break;
+            return static_cast<unsigned>(f.getMaxFontSizeForHinting());
         case kQRErrorCorrectionLevel:
-            number = f.getQRErrorCorrectionLevel();
-            break;
+            return f.getQRErrorCorrectionLevel();
         case kGS1DatabarRowCount:
-            number = f.getGS1DatabarRowCount();
-            break;
+            return f.getGS1DatabarRowCount();
         case kBarVerticalAlign:
-            number = f.getBarVerticalAlign();
-            break;
+            return f.getBarVerticalAlign();
         case kInputDataType:
-            number = static_cast<unsigned>(f.getDataType());
-            break;
+            return static_cast<unsigned>(f.getDataType());
         case kResult:
-            number = static_cast<unsigned>(result);
-            break;
+            return static_cast<unsigned>(result);
         case kLogoSizePercentFromBarcode:
-            number = static_cast<unsigned>(static_cast<int>(f.getLogoSizePercent()));
-            break;
+            return static_cast<unsigned>(static_cast<int>(f.getLogoSizePercent()));
+        default:
+            return 0;
     }
-    putInteger(value, static_cast<int>(number));
-    return true;
 }
 
 bool CBarcode::SetPropVal(long index, VelkoVariant* value) {

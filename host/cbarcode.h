@@ -57,6 +57,9 @@ private:
     bool setLogo(const VelkoVariant& value);
     bool putString(VelkoVariant* value, const std::wstring& text);
     std::wstring fontName() const;
+    // The value of a Boolean or integer property, by index.
+    bool flagOf(long index) const;
+    unsigned integerOf(long index) const;
     bool getBarcode(VelkoVariant* result);
     bool fontAt(VelkoVariant* result, const VelkoVariant& parameter);
 

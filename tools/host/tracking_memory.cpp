@@ -58,9 +58,4 @@ bool TrackingMemory::intact(const void* buffer) const {
     return true;
 }
 
-std::size_t TrackingMemory::sizeOf(const void* buffer) const {
-    const auto it = live.find(buffer);
-    return it == live.end() ? 0 : it->second;
-}
-
 }  // namespace VelkoHost

@@ -23,8 +23,6 @@ public:
     bool release(const void* buffer);
     // False when the bytes behind the buffer's end were written.
     bool intact(const void* buffer) const;
-    // The requested size of a live buffer, or 0.
-    std::size_t sizeOf(const void* buffer) const;
 
     std::size_t outstanding() const { return live.size(); }
     std::size_t allocations() const { return allocationCount; }
