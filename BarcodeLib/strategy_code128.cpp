@@ -63,16 +63,7 @@ bool StrategyCode128::generate(const wchar_t* code, AbstractBarcodeElement** ele
         return false;
     }
     try {
-        const std::vector<unsigned> values = symbolValues(code);
-        // The text spans whole symbol characters: the stop's two extra modules stay outside.
-        buildLinearSymbol(
-            code, element, codeText,
-            [&values](BarcodeRow* row) {
-                for (unsigned value : values) {
-                    encodeValue(value, row, false);
-                }
-            },
-            static_cast<unsigned>(kModulesPerValue * values.size()));
+        buildSymbol(code, symbolValues(code), element, codeText);
     } catch (const std::exception&) {
         throw BarcodeException::Unexpected();
     }
@@ -122,12 +113,33 @@ void StrategyCode128::encodeValue(unsigned value, AbstractBarcodeComposite* row,
     encode_line(g_aszCode128Table[value], row, control, 0, false);
 }
 
+void StrategyCode128::buildSymbol(const std::wstring& text, const std::vector<unsigned>& values,
+                                  AbstractBarcodeElement** element, std::wstring& codeText) {
+    // The text spans whole symbol characters: the stop's two extra modules stay outside.
+    buildLinearSymbol(
+        text, element, codeText,
+        [&values](BarcodeRow* row) {
+            for (unsigned value : values) {
+                encodeValue(value, row, false);
+            }
+        },
+        static_cast<unsigned>(kModulesPerValue * values.size()));
+}
+
+unsigned StrategyCode128::characterValue(wchar_t c) {
+    const unsigned code = codePoint(c);
+    return code < 32 ? code + 64 : code - 32;
+}
+
 std::vector<unsigned> StrategyCode128::symbolValues(const wchar_t* code) {
-    std::vector<unsigned> values;
     if (!checkRaw(code)) {
-        return values;
+        return std::vector<unsigned>();
     }
-    const std::wstring text(code);
+    return encodeSymbolValues(code);
+}
+
+std::vector<unsigned> StrategyCode128::encodeSymbolValues(const std::wstring& text) {
+    std::vector<unsigned> values;
     const size_t length = text.size();
     unsigned set = length > 1 ? encodeAs(text[0], text[1], kSetA) : encodeAs(text[0], kSetA);
     values.push_back(kStartA + set);
@@ -145,12 +157,11 @@ std::vector<unsigned> StrategyCode128::symbolValues(const wchar_t* code) {
             append(kCodeA - next);
             set = next;
         }
-        const unsigned c = codePoint(text[i]);
         if (set == kSetC) {
-            append(10 * (c - L'0') + codePoint(text[i + 1]) - L'0');
+            append(10 * (codePoint(text[i]) - L'0') + codePoint(text[i + 1]) - L'0');
             ++i;
         } else {
-            append(c < 32 ? c + 64 : c - 32);
+            append(characterValue(text[i]));
         }
     }
     values.push_back(sum % 103);

@@ -40,7 +40,16 @@ public:
 
     // The symbol values of code from start to stop, check character included; empty for a
     // string that checkRaw refuses.
-    std::vector<unsigned> symbolValues(const wchar_t* code);
+    virtual std::vector<unsigned> symbolValues(const wchar_t* code);
+
+protected:
+    // The symbol values of a non-empty text that is known to encode, from start to stop.
+    std::vector<unsigned> encodeSymbolValues(const std::wstring& text);
+    // The value of c in set A or B.
+    virtual unsigned characterValue(wchar_t c);
+    // The tree: the bars of values, and codeText under them, text if codeText is empty.
+    void buildSymbol(const std::wstring& text, const std::vector<unsigned>& values,
+                     AbstractBarcodeElement** element, std::wstring& codeText);
 };
 
 }  // namespace BarcodeVelko
