@@ -6,6 +6,7 @@
 #include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/abstract_barcode_strategy.h"
 #include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/code_types.h"
 #include "BarcodeLib/guarded.h"
 #include "layer/fonts/p_system_font_helper.h"
 #include "layer/foundation/base64.h"
@@ -49,7 +50,8 @@ std::wstring BarcodeFacade2::prepareCodeValue(const std::wstring& value, int dat
     std::wstring text = base642Raw(base64);
     // The GS1 symbologies read a value that doesn't open with FNC1 (character 232) as a
     // bracketed element string.
-    const bool gs1 = codeType == 2 || codeType == 17 || codeType == 24;
+    const bool gs1 =
+        codeType >= 0 && codeType < static_cast<int>(kCodeTypeCount) && g_codeTypes[codeType].gs1;
     if (gs1 && !text.empty() && text[0] != static_cast<wchar_t>(232)) {
         text.insert(0, L"{FMC1}");
     }
@@ -138,12 +140,12 @@ bool BarcodeFacade2::generateTree(AbstractBarcodeStrategy& strategy, const wchar
     return built;
 }
 
-int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int dataType) {
+int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int valueDataType) {
     if (value.empty()) {
         return kCodeTypeCount;
     }
-    // 99 is no GS1 type, so the trials see the value without "{FMC1}".
-    const std::wstring prepared = prepareCodeValue(value, dataType, 99);
+    // kCodeTypeCount is no GS1 type, so the trials see the value without "{FMC1}".
+    const std::wstring prepared = prepareCodeValue(value, valueDataType, kCodeTypeCount);
     std::wstring text;
     std::wstring checkSymbol;
     for (int type = 0; type < static_cast<int>(kCodeTypeCount); ++type) {
@@ -158,8 +160,8 @@ int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int dataType) 
             return type;
         }
     }
-    // Nothing took the value: QR Code is named, and its picture will tell what went wrong.
-    return 16;
+    // Nothing took the value: the fallback is named, and its picture will tell what went wrong.
+    return static_cast<int>(kSearchFallback);
 }
 
 bool BarcodeFacade2::generateCode() {
@@ -176,9 +178,10 @@ bool BarcodeFacade2::generateCode() {
     std::wstring text;
     bool result = false;
     // The walk over the types runs only while a search is pending, which only an empty demo
-    // value leaves behind. It tries the starting type and then each of 0..15 at most once: a
-    // type from 16 up never comes round again to end it.
-    for (unsigned attempt = 0; attempt <= 16; ++attempt) {
+    // value leaves behind. It tries the starting type and then each type of the cycle at most
+    // once: a type behind the cycle never comes round again to end it.
+    const unsigned cycle = codeTypeCycleLength();
+    for (unsigned attempt = 0; attempt <= cycle; ++attempt) {
         AbstractBarcodeElement* element = nullptr;
         if (demoMode) {
             SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(type));
@@ -217,7 +220,7 @@ bool BarcodeFacade2::generateCode() {
                 break;
             }
         }
-        type = (type + 1) % 16;
+        type = (type + 1) % static_cast<int>(cycle);
         if (!codeAuto || type == static_cast<int>(codeType)) {
             break;
         }

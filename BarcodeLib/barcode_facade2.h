@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "BarcodeLib/code_types.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "layer/fonts/p_font_info.h"
 #include "layer/foundation/p_error.h"
@@ -18,7 +19,7 @@ class AbstractBarcodeStrategy;
 // and the rendering of that tree into a picture.
 class BarcodeFacade2 {
 public:
-    static constexpr unsigned kCodeTypeCount = 25;
+    static constexpr unsigned kCodeTypeCount = BarcodeVelko::kCodeTypeCount;
     static constexpr unsigned kAutoTextAlign = 0xFFFFFFFF;
 
     BarcodeFacade2();
@@ -123,7 +124,7 @@ public:
     bool tryStrategyRaw(int type, const wchar_t* value, std::wstring& text,
                         std::wstring& checkSymbol, AbstractBarcodeElement** element);
     // The type found by trying each in turn; kCodeTypeCount for an empty value.
-    int getCodeTypeByValue(const std::wstring& value, int dataType);
+    int getCodeTypeByValue(const std::wstring& value, int valueDataType);
     // The text that is really encoded: a copy, or the decoded Base64 for data type 1.
     static std::wstring prepareCodeValue(const std::wstring& value, int dataType, int codeType);
     // A new strategy of the code type, owned by the caller.
@@ -144,6 +145,19 @@ private:
     // with first and second; false when the strategy refuses code.
     bool generateTree(AbstractBarcodeStrategy& strategy, const wchar_t* code, int first, int second,
                       SmartPtr<AbstractBarcodeElement>& tree);
+    // Where and how large the sized tree goes on the canvas.
+    struct Placement {
+        unsigned canvasWidth = 0;
+        unsigned canvasHeight = 0;
+        unsigned textSize = 0;
+        unsigned x = 0;
+        unsigned y = 0;
+    };
+    // Generates the tree for this picture and sizes it; an error that stops the picture is
+    // returned.
+    PError placeTree(Placement& placement);
+    // The placed tree on a new canvas; an empty image with lastError set when that fails.
+    PImage paintTree(const Placement& placement);
     PImage drawErrorImage() const;
 
     std::wstring fileName;

@@ -53,82 +53,11 @@ PImage BarcodeFacade2::draw2mem() {
     PImage result;
     lastError.clear();
     try {
-        unsigned width = columnCount;
-        unsigned height = rowCount;
-        const PFontInfo fontCopy = font;
-
-        // Shrinking to the symbol needs the tree of an earlier generation; without one the
-        // picture keeps its size.
-        if (removeExeedBackgroud && root) {
-            columnCount = root->getWidth();
-            rowCount = root->getHeight();
-            codeValid = generateCode();
-            if (codeValid) {
-                width = columnCount;
-                height = rowCount;
-            }
-        } else {
-            codeValid = generateCode();
+        Placement placement;
+        lastError = placeTree(placement);
+        if (lastError.code() == 0) {
+            result = paintTree(placement);
         }
-
-        unsigned textSize = textVisible ? std::max(fontSize, kMinFontSize) : 0;
-        const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
-        unsigned canvasWidth = width;
-        unsigned canvasHeight = height;
-        if (isTurned(canvasRotation)) {
-            std::swap(canvasWidth, canvasHeight);
-        }
-
-        if (!codeValid || !root) {
-            lastError = PError(kInvalidBarcode, PString("invalid barcode"));
-            throw lastError;
-        }
-        if (canvasWidth == 0 || canvasHeight == 0 || root->getWidth() > canvasWidth ||
-            root->getHeight() > canvasHeight) {
-            lastError = PError(kSizeTooSmall, PString("size too small"));
-            throw lastError;
-        }
-
-        SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
-        if (!strategy) {
-            throw BarcodeException::Unexpected();
-        }
-        textSize = std::min(textSize, height / 2);
-        SmartPtr<AbstractBarcodeVisitor> visitor(
-            strategy->sizeVisitor(root.get(), canvasWidth, canvasHeight, textSize, codeSentinel,
-                                  static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
-        root->visit(visitor.get());
-
-        auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(canvasWidth, canvasHeight, background);
-        imp->setCanvasRotation(static_cast<int>(canvasRotation));
-        imp->setBarColorImp(barColor);
-        imp->setTextColorImp(textColor);
-        imp->setFont(fontCopy);
-        imp->setFontSize(textSize);
-        BarcodeCanvasMemoryImpl* canvasImp = imp.get();
-        BarcodeCanvas canvas(imp.release());
-
-        const unsigned rootWidth = root->getWidth();
-        const unsigned rootHeight = root->getHeight();
-        const unsigned x = centred(canvasWidth, rootWidth);
-        // A picture turned by 180 degrees has its top and bottom exchanged.
-        const bool upsideDown = canvasRotation == 180;
-        unsigned y = 0;
-        if (barVerticalAlign == 2) {
-            y = centred(canvasHeight, rootHeight);
-        } else if ((barVerticalAlign == 3) != upsideDown) {
-            y = farEdge(canvasHeight, rootHeight);
-        }
-        canvas.setXY(x, y);
-        root->draw(&canvas);
-        canvasImp->RenderImage();
-
-        result = canvasImp->getImage();
-        if (!result.isValid()) {
-            lastError = canvasImp->lastError();
-        }
-    } catch (const PError& error) {
-        lastError = error;
     } catch (...) {
         lastError = PError(kGenerationError, PString(kGenerationErrorText));
     }
@@ -137,6 +66,84 @@ PImage BarcodeFacade2::draw2mem() {
         result = drawErrorImage();
     }
     return result;
+}
+
+PError BarcodeFacade2::placeTree(Placement& placement) {
+    unsigned width = columnCount;
+    unsigned height = rowCount;
+
+    // Shrinking to the symbol needs the tree of an earlier generation; without one the
+    // picture keeps its size.
+    if (removeExeedBackgroud && root) {
+        columnCount = root->getWidth();
+        rowCount = root->getHeight();
+        codeValid = generateCode();
+        if (codeValid) {
+            width = columnCount;
+            height = rowCount;
+        }
+    } else {
+        codeValid = generateCode();
+    }
+
+    placement.canvasWidth = width;
+    placement.canvasHeight = height;
+    if (isTurned(canvasRotation)) {
+        std::swap(placement.canvasWidth, placement.canvasHeight);
+    }
+    if (!codeValid || !root) {
+        return PError(kInvalidBarcode, PString("invalid barcode"));
+    }
+    if (placement.canvasWidth == 0 || placement.canvasHeight == 0 ||
+        root->getWidth() > placement.canvasWidth || root->getHeight() > placement.canvasHeight) {
+        return PError(kSizeTooSmall, PString("size too small"));
+    }
+
+    SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
+    if (!strategy) {
+        throw BarcodeException::Unexpected();
+    }
+    const unsigned textSize = textVisible ? std::max(fontSize, kMinFontSize) : 0;
+    placement.textSize = std::min(textSize, height / 2);
+    SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
+        root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize, codeSentinel,
+        static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
+    root->visit(visitor.get());
+
+    const unsigned rootHeight = root->getHeight();
+    placement.x = centred(placement.canvasWidth, root->getWidth());
+    // A picture turned by 180 degrees has its top and bottom exchanged.
+    const bool upsideDown = canvasRotation == 180;
+    placement.y = 0;
+    if (barVerticalAlign == 2) {
+        placement.y = centred(placement.canvasHeight, rootHeight);
+    } else if ((barVerticalAlign == 3) != upsideDown) {
+        placement.y = farEdge(placement.canvasHeight, rootHeight);
+    }
+    return PError();
+}
+
+PImage BarcodeFacade2::paintTree(const Placement& placement) {
+    const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
+    auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(placement.canvasWidth,
+                                                         placement.canvasHeight, background);
+    imp->setCanvasRotation(static_cast<int>(canvasRotation));
+    imp->setBarColorImp(barColor);
+    imp->setTextColorImp(textColor);
+    imp->setFont(font);
+    imp->setFontSize(placement.textSize);
+    BarcodeCanvasMemoryImpl* canvasImp = imp.get();
+    BarcodeCanvas canvas(imp.release());
+
+    canvas.setXY(placement.x, placement.y);
+    root->draw(&canvas);
+    canvasImp->RenderImage();
+
+    PImage image = canvasImp->getImage();
+    if (!image.isValid()) {
+        lastError = canvasImp->lastError();
+    }
+    return image;
 }
 
 PImage BarcodeFacade2::drawErrorImage() const {

@@ -42,7 +42,7 @@ const wchar_t* StrategyEAN13::getRawDemoValue() {
 }
 
 unsigned StrategyEAN13::getDefaultTextAlign() {
-    return 4;
+    return kTextLayoutEAN1;
 }
 
 void StrategyEAN13::insertBars13(const std::wstring& raw, AbstractBarcodeComposite* row,
@@ -77,35 +77,35 @@ void StrategyEAN13::insertTextRow13(const std::wstring& text, AbstractBarcodeCom
         throw BarcodeException::Unexpected();
     }
     switch (textAlign) {
-        case 4:
-            insertText(row, 7, text.substr(0, 1));
+        case kTextLayoutEAN1:
+            insertText(row, kMarginModules, text.substr(0, 1));
             insertEdgeSentinel(row, true, false);
-            insertText(row, 42, text.substr(1, 6));
+            insertText(row, kEAN13HalfModules, text.substr(1, 6));
             insertCenterSentinel(row, true);
-            insertText(row, 42, text.substr(7, showCS ? 6 : 5));
+            insertText(row, kEAN13HalfModules, text.substr(7, showCS ? 6 : 5));
             insertEdgeSentinel(row, true, true);
             break;
-        case 5: {
+        case kTextLayoutEAN2: {
             // Without the check digit the remaining digits move one place to the right.
             const size_t shift = showCS ? 0 : 1;
-            insertText(row, 7, text.substr(0, 1));
+            insertText(row, kMarginModules, text.substr(0, 1));
             insertEdgeSentinel(row, true, false);
-            insertText(row, 42, text.substr(1, 6 - shift));
+            insertText(row, kEAN13HalfModules, text.substr(1, 6 - shift));
             insertCenterSentinel(row, true);
-            insertText(row, 42, text.substr(7 - shift, 5));
+            insertText(row, kEAN13HalfModules, text.substr(7 - shift, 5));
             insertEdgeSentinel(row, true, true);
-            insertText(row, 7, text.substr(12 - shift, 1));
+            insertText(row, kMarginModules, text.substr(12 - shift, 1));
             break;
         }
-        case 6:
+        case kTextLayoutEAN3:
             insertEdgeSentinel(row, true, false);
-            insertText(row, 42, text.substr(0, showCS ? 7 : 6));
+            insertText(row, kEAN13HalfModules, text.substr(0, showCS ? 7 : 6));
             insertCenterSentinel(row, true);
-            insertText(row, 42, text.substr(showCS ? 7 : 6, 6));
+            insertText(row, kEAN13HalfModules, text.substr(showCS ? 7 : 6, 6));
             insertEdgeSentinel(row, true, true);
             break;
         default:
-            insertText(row, 95, showCS ? text : text.substr(0, 12));
+            insertText(row, kEAN13TextModules, showCS ? text : text.substr(0, 12));
             break;
     }
 }

@@ -73,8 +73,8 @@ bool StrategyEAN13AddOn2::generate(const wchar_t* code, AbstractBarcodeElement**
                           },
                           [&](BarcodeRow* row) {
                               insertTextRow13(codeText, row, textAlign, showCS);
-                              // Layout 5 has its closing digit where the others keep the margin.
-                              if (textAlign != 5) {
+                              // EAN2 has its closing digit where the others keep the margin.
+                              if (textAlign != kTextLayoutEAN2) {
                                   insertPreSentinel(row, true);
                               }
                               insertAddOn(addOn, row, true, 0, true);

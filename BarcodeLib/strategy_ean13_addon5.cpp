@@ -18,7 +18,7 @@ const wchar_t* StrategyEAN13AddOn5::getDemoValue() {
 }
 
 size_t StrategyEAN13AddOn5::getAddOnLength() {
-    return 5;
+    return kTextLayoutEAN2;
 }
 
 // The row of the parity table is the weighted sum mod 10, which isn't encoded itself.

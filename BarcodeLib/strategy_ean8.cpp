@@ -89,7 +89,7 @@ const wchar_t* StrategyEAN8::getRawDemoValue() {
 }
 
 unsigned StrategyEAN8::getDefaultTextAlign() {
-    return 6;
+    return kTextLayoutEAN3;
 }
 
 AbstractBarcodeVisitor* StrategyEAN8::sizeVisitor(AbstractBarcodeElement* root,
@@ -169,34 +169,34 @@ void StrategyEAN8::insertBars(const std::wstring& raw, AbstractBarcodeComposite*
 void StrategyEAN8::insertTextRow(const std::wstring& text, const std::wstring& raw,
                                  AbstractBarcodeComposite* row, int textAlign, bool showCS) {
     switch (textAlign) {
-        case 4:
-            insertText(row, 7, text.substr(0, 1));
+        case kTextLayoutEAN1:
+            insertText(row, kMarginModules, text.substr(0, 1));
             insertEdgeSentinel(row, true, false);
-            insertText(row, 28, text.substr(1, 3));
+            insertText(row, kEAN8HalfModules, text.substr(1, 3));
             insertCenterSentinel(row, true);
-            insertText(row, 28, text.substr(4, showCS ? 4 : 3));
+            insertText(row, kEAN8HalfModules, text.substr(4, showCS ? 4 : 3));
             insertEdgeSentinel(row, true, true);
             break;
-        case 5:
+        case kTextLayoutEAN2:
             // The outer digits come from the raw form, whatever text was given.
-            insertText(row, 7, raw.substr(0, 1));
+            insertText(row, kMarginModules, raw.substr(0, 1));
             insertEdgeSentinel(row, true, false);
-            insertText(row, 28, text.substr(1, 3));
+            insertText(row, kEAN8HalfModules, text.substr(1, 3));
             insertCenterSentinel(row, true);
-            insertText(row, 28, text.substr(4, showCS ? 3 : 2));
+            insertText(row, kEAN8HalfModules, text.substr(4, showCS ? 3 : 2));
             insertEdgeSentinel(row, true, true);
-            insertText(row, 7, showCS ? raw.substr(7, 1) : text.substr(6, 1));
+            insertText(row, kMarginModules, showCS ? raw.substr(7, 1) : text.substr(6, 1));
             break;
-        case 6:
+        case kTextLayoutEAN3:
             // Two groups of four whatever showCS says: a lone group of three looks broken.
             insertEdgeSentinel(row, true, false);
-            insertText(row, 28, text.substr(0, 4));
+            insertText(row, kEAN8HalfModules, text.substr(0, 4));
             insertCenterSentinel(row, true);
-            insertText(row, 28, text.substr(4, 4));
+            insertText(row, kEAN8HalfModules, text.substr(4, 4));
             insertEdgeSentinel(row, true, true);
             break;
         default:
-            insertText(row, 66, showCS ? text : text.substr(0, 7));
+            insertText(row, kEAN8TextModules, showCS ? text : text.substr(0, 7));
             break;
     }
 }

@@ -15,6 +15,21 @@ class AbstractBarcodeComposite;
 // margin on both sides of the bars that holds the outer digits.
 class StrategyEAN8 : public AbstractBarcodeStrategy {
 public:
+    // The TextAlign values that group the digits between the guard bars.
+    static constexpr int kTextLayoutEAN1 = 4;  // first digit outside, two groups inside
+    static constexpr int kTextLayoutEAN2 = 5;  // first and last digits outside
+    static constexpr int kTextLayoutEAN3 = 6;  // two groups inside, nothing outside
+
+    // Widths in modules: a digit, the light margin beside the bars in EAN1 and EAN2, the
+    // digits of one half of each symbol, and the one-line texts (EAN-8's is one module short
+    // of its 67-module bars row).
+    static constexpr unsigned kDigitModules = 7;
+    static constexpr unsigned kMarginModules = 7;
+    static constexpr unsigned kEAN8HalfModules = 4 * kDigitModules;
+    static constexpr unsigned kEAN13HalfModules = 6 * kDigitModules;
+    static constexpr unsigned kEAN8TextModules = 66;
+    static constexpr unsigned kEAN13TextModules = 95;
+
     // Number sets A (left, odd parity), B (left, even parity) and C (right), one row a digit.
     static const char g_aszEAN8TableLeftOdd[10][8];
     static const char g_aszEAN8TableLeftEven[10][8];
@@ -45,8 +60,10 @@ public:
                                      unsigned customData = 0);
 
 protected:
-    // Layouts 4 and 5 put a pre-sentinel on both sides of the bars.
-    static bool hasPreSentinels(int textAlign) { return textAlign == 4 || textAlign == 5; }
+    // Layouts EAN1 and EAN2 put a pre-sentinel on both sides of the bars.
+    static bool hasPreSentinels(int textAlign) {
+        return textAlign == kTextLayoutEAN1 || textAlign == kTextLayoutEAN2;
+    }
     // A codeText that doesn't have the raw form's length is replaced by the raw form.
     static void settleCodeText(std::wstring& codeText, const std::wstring& raw);
     // True if value is exactly length digits; check then holds just the check digit over them.

@@ -1,7 +1,5 @@
 #include "host/cbarcode.h"
 
-#include <lodepng.h>
-
 #include <clocale>
 #include <cmath>
 #include <cstring>
@@ -12,68 +10,19 @@
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
 #include "BarcodeLib/dm2png32.h"
-#include "host/cbarcode_names.h"
+#include "host/cbarcode_properties.h"
 #include "host/text_forms.h"
 #include "host/wchar_wrapper.h"
 #include "layer/fonts/p_font_glyphs_cache.h"
-#include "layer/foundation/base64.h"
-#include "layer/foundation/p_byte_array.h"
 
 using BarcodeVelko::BarcodeFacade2;
 
 namespace {
 
-enum Property : long {
-    kFont = 0,
-    kFontSize,
-    kTextColor,
-    kTextAlign,
-    kTextPos,
-    kTextVisible,
-    kBgColor,
-    kBgTransparent,
-    kBarColor,
-    kCanvasRotation,
-    kCanvasXOffset,
-    kCanvasYOffset,
-    kCanvasMargin,
-    kBarAlign,
-    kCodeType,
-    kCodeAuto,
-    kCodeIsRaw,
-    kCodeShowCS,
-    kCodeValue,
-    kCodeCheckSymbol,
-    kCodeText,
-    kCodeSentinel,
-    kCodeMinWidth,
-    kCodeMinHeight,
-    kWidth,
-    kHeight,
-    kAspectRatio,
-    kECL,
-    kFileName,
-    kFontCount,
-    kGraphicsPresent,
-    kRowCount,
-    kColumnCount,
-    kVersion,
-    kMaxFontSizeForHinting,
-    kQRErrorCorrectionLevel,
-    kGS1DatabarRowCount,
-    kBarVerticalAlign,
-    kInputDataType,
-    kResult,
-    kRemoveExeedBackgroud,
-    kLogoImage,
-    kLogoSizePercentFromBarcode,
-};
-
 enum Method : long { kGetBarcode = 0, kFontAt, kFindFont };
 
 constexpr unsigned short kHostErrorCode = 1003;
 const wchar_t kErrorSource[] = L"VelkoBarCode";
-const wchar_t kVersionText[] = L"9.0.12.8";
 const wchar_t kClassAlias[] = L"Barcode";
 
 bool inRange(long index, long count) {
@@ -81,13 +30,8 @@ bool inRange(long index, long count) {
 }
 
 // A fresh copy of a name in host memory; null for an index or alias out of range.
-template <long Count>
-const unsigned short* nameAt(const wchar_t* const (&tables)[2][Count], long index, long alias,
-                             IVelkoMemory* memory) {
-    if (!inRange(index, Count) || !inRange(alias, 2)) {
-        return nullptr;
-    }
-    return AllocAndConvert(memory, tables[alias][index], nullptr);
+const unsigned short* nameCopy(const wchar_t* name, IVelkoMemory* memory) {
+    return name ? AllocAndConvert(memory, name, nullptr) : nullptr;
 }
 
 // The host writes a Boolean as one byte; reading it as bool would trust that byte to be 0 or 1.
@@ -186,31 +130,21 @@ long CBarcode::GetNProps() {
 }
 
 long CBarcode::FindProp(const unsigned short* name) {
-    return findName(g_aszPropNames, convFromShortWchar(name));
+    return findPropertyName(convFromShortWchar(name));
 }
 
 const unsigned short* CBarcode::GetPropName(long index, long alias) {
-    return nameAt(g_aszPropNames, index, alias, memory);
+    const bool known = inRange(index, kPropCount) && inRange(alias, 2);
+    return nameCopy(known ? g_properties[index].names[alias] : nullptr, memory);
 }
 
+// Both answer true outside the table, as the platform expects.
 bool CBarcode::IsPropReadable(long index) {
-    return index != kCodeValue && index != kLogoImage;
+    return !inRange(index, kPropCount) || g_properties[index].readable;
 }
 
 bool CBarcode::IsPropWritable(long index) {
-    switch (index) {
-        case kCodeCheckSymbol:
-        case kCodeText:
-        case kCodeMinWidth:
-        case kCodeMinHeight:
-        case kFontCount:
-        case kGraphicsPresent:
-        case kVersion:
-        case kResult:
-            return false;
-        default:
-            return true;
-    }
+    return !inRange(index, kPropCount) || g_properties[index].writable;
 }
 
 long CBarcode::GetNMethods() {
@@ -218,11 +152,12 @@ long CBarcode::GetNMethods() {
 }
 
 long CBarcode::FindMethod(const unsigned short* name) {
-    return findName(g_aszMethodNames, convFromShortWchar(name));
+    return findMethodName(convFromShortWchar(name));
 }
 
 const unsigned short* CBarcode::GetMethodName(long index, long alias) {
-    return nameAt(g_aszMethodNames, index, alias, memory);
+    const bool known = inRange(index, kMethodCount) && inRange(alias, 2);
+    return nameCopy(known ? g_aszMethodNames[index][alias] : nullptr, memory);
 }
 
 long CBarcode::GetNParams(long method) {
@@ -244,15 +179,6 @@ bool CBarcode::CallAsProc(long, VelkoVariant*, long) {
     return false;
 }
 
-std::wstring CBarcode::fontName() const {
-    try {
-        return facade->getFont();
-    } catch (const BarcodeException::AbstractBarcodeException&) {
-        // No fonts on the system leaves the facade without a font; it draws with the built-in one.
-        return L"default";
-    }
-}
-
 bool CBarcode::putString(VelkoVariant* value, const std::wstring& text) {
     unsigned int length = 0;
     unsigned short* chars = AllocAndConvert(memory, text.c_str(), &length);
@@ -269,315 +195,82 @@ bool CBarcode::GetPropVal(long index, VelkoVariant* value) {
         return false;
     }
     value->type = VariantEmpty;
-    if (!inRange(index, kPropCount)) {
+    if (!inRange(index, kPropCount) || !g_properties[index].get) {
         return false;
     }
-    const BarcodeFacade2& f = *facade;
-    switch (index) {
-        case kFont:
-            return putString(value, fontName());
-        case kCodeCheckSymbol:
-            return putString(value, f.getCodeCheckSymbol());
-        case kCodeText:
-            return putString(value, f.getCodeText());
-        case kAspectRatio:
-            return putString(value, f.getAspectRatio());
-        case kFileName:
-            return putString(value, f.getFileName());
-        case kVersion:
-            return putString(value, kVersionText);
-        case kCodeValue:
-        case kLogoImage:
-            return false;
-        case kTextVisible:
-        case kBgTransparent:
-        case kCodeAuto:
-        case kCodeIsRaw:
-        case kCodeShowCS:
-        case kGraphicsPresent:
-        case kRemoveExeedBackgroud:
-            putFlag(value, flagOf(index));
+    const PropertyDescriptor& property = g_properties[index];
+    const PropertyValue read = property.get(PropertySource{*facade, result});
+    switch (property.kind) {
+        case PropertyKind::Boolean:
+            putFlag(value, std::get<bool>(read));
             return true;
-        default:
-            putInteger(value, static_cast<int>(integerOf(index)));
+        case PropertyKind::Integer:
+        case PropertyKind::Double:
+            putInteger(value, std::get<int>(read));
             return true;
+        case PropertyKind::String:
+        case PropertyKind::Binary:
+            return putString(value, std::get<std::wstring>(read));
     }
-}
-
-bool CBarcode::flagOf(long index) const {
-    const BarcodeFacade2& f = *facade;
-    switch (index) {
-        case kTextVisible:
-            return f.getTextVisible();
-        case kBgTransparent:
-            return f.getBgTransparent();
-        case kCodeAuto:
-            return f.getCodeAuto();
-        case kCodeIsRaw:
-            return f.getCodeIsRaw();
-        case kCodeShowCS:
-            return f.getCodeShowCS();
-        case kGraphicsPresent:
-            return f.isGraphicsPresent();
-        default:
-            return f.getRemoveExeedBackgroudFlag();
-    }
-}
-
-unsigned CBarcode::integerOf(long index) const {
-    const BarcodeFacade2& f = *facade;
-    switch (index) {
-        case kFontSize:
-            return f.getFontSize();
-        case kTextColor:
-            return f.getTextColor();
-        case kTextAlign:
-            return f.getTextAlign();
-        case kTextPos:
-            return f.getTextPos();
-        case kBgColor:
-            return f.getBgColor();
-        case kBarColor:
-            return f.getBarColor();
-        case kCanvasRotation:
-            return f.getCanvasRotation();
-        case kCanvasXOffset:
-            return static_cast<unsigned>(f.getCanvasXOffset());
-        case kCanvasYOffset:
-            return static_cast<unsigned>(f.getCanvasYOffset());
-        case kCanvasMargin:
-            return static_cast<unsigned>(f.getCanvasMargin());
-        case kBarAlign:
-            return f.getBarAlign();
-        case kCodeType:
-            return f.getCodeType();
-        case kCodeSentinel:
-            return f.getCodeSentinel();
-        case kCodeMinWidth:
-            return f.getCodeMinWidth();
-        case kCodeMinHeight:
-            return f.getCodeMinHeight();
-        case kWidth:
-            return f.getColumnCount();
-        case kHeight:
-            return f.getRowCount();
-        case kECL:
-            return f.getECL();
-        case kFontCount:
-            return f.getFontCount();
-        case kRowCount:
-            return f.getRow2DCount();
-        case kColumnCount:
-            return f.getColumn2DCount();
-        case kMaxFontSizeForHinting:
-            return static_cast<unsigned>(f.getMaxFontSizeForHinting());
-        case kQRErrorCorrectionLevel:
-            return f.getQRErrorCorrectionLevel();
-        case kGS1DatabarRowCount:
-            return f.getGS1DatabarRowCount();
-        case kBarVerticalAlign:
-            return f.getBarVerticalAlign();
-        case kInputDataType:
-            return static_cast<unsigned>(f.getDataType());
-        case kResult:
-            return static_cast<unsigned>(result);
-        case kLogoSizePercentFromBarcode:
-            return static_cast<unsigned>(static_cast<int>(f.getLogoSizePercent()));
-        default:
-            return 0;
-    }
+    return false;
 }
 
 bool CBarcode::SetPropVal(long index, VelkoVariant* value) {
-    if (!value || !inRange(index, kPropCount)) {
+    if (!value || !inRange(index, kPropCount) || !g_properties[index].set) {
+        return false;
+    }
+    const PropertyDescriptor& property = g_properties[index];
+    PropertyValue written;
+    if (!readVariant(property, *value, written)) {
         return false;
     }
     return reportingErrors([&] {
-        switch (index) {
-            case kFont:
-            case kCodeValue:
-            case kAspectRatio:
-            case kFileName:
-            case kCodeText:
-                return setString(index, *value);
-            case kTextVisible:
-            case kBgTransparent:
-            case kCodeAuto:
-            case kCodeIsRaw:
-            case kCodeShowCS:
-            case kRemoveExeedBackgroud: {
-                if (value->type != VariantBool) {
-                    return false;
-                }
-                const bool flag = variantFlag(*value);
-                switch (index) {
-                    case kTextVisible:
-                        facade->setTextVisible(flag);
-                        break;
-                    case kBgTransparent:
-                        facade->setBgTransparent(flag);
-                        break;
-                    case kCodeAuto:
-                        facade->setCodeAuto(flag);
-                        break;
-                    case kCodeIsRaw:
-                        facade->setCodeIsRaw(flag);
-                        break;
-                    case kCodeShowCS:
-                        facade->setCodeShowCS(flag);
-                        break;
-                    default:
-                        facade->setRemoveExeedBackgroudFlag(flag);
-                        break;
-                }
-                return true;
-            }
-            case kLogoImage:
-                return setLogo(*value);
-            default:
-                return setInteger(index, *value);
-        }
+        property.set(*facade, written);
+        return true;
     });
 }
 
-bool CBarcode::setString(long index, const VelkoVariant& value) {
-    if (value.type != VariantWStr) {
-        return false;
-    }
-    const std::wstring text = convFromShortWchar(value.str.chars);
-    switch (index) {
-        case kFont:
-            facade->setFont(text);
-            break;
-        case kCodeValue:
-            facade->setCodeValue(text.c_str());
-            break;
-        case kAspectRatio:
-            facade->setAspectRatio(text.c_str());
-            break;
-        case kFileName:
-            facade->setFileName(text.c_str());
-            break;
-        default:
-            facade->setCodeText(text.c_str());
-            break;
-    }
-    return true;
-}
-
-bool CBarcode::setInteger(long index, const VelkoVariant& value) {
-    int number = 0;
-    if (!CastVariantToI4(value, number)) {
-        return false;
-    }
-    if (number < 0) {
-        if (index == kCanvasXOffset || index == kCanvasYOffset || index == kCanvasMargin) {
-            return false;
+bool CBarcode::readVariant(const PropertyDescriptor& property, const VelkoVariant& value,
+                           PropertyValue& written) {
+    switch (property.kind) {
+        case PropertyKind::Boolean:
+            if (value.type != VariantBool) {
+                return false;
+            }
+            written = variantFlag(value);
+            return true;
+        case PropertyKind::Integer:
+        case PropertyKind::Double: {
+            int number = 0;
+            if (!CastVariantToI4(value, number)) {
+                return false;
+            }
+            if (number < 0) {
+                if (property.refusesNegative) {
+                    return false;
+                }
+                // A colour with its top bit set reads back negative; it is taken as 0 like any
+                // other.
+                number = 0;
+            }
+            written = number;
+            return true;
         }
-        // A colour with its top bit set reads back negative; it is taken as 0 like any other.
-        number = 0;
+        case PropertyKind::String:
+            if (value.type != VariantWStr) {
+                return false;
+            }
+            written = convFromShortWchar(value.str.chars);
+            return true;
+        case PropertyKind::Binary:
+            if (value.type != VariantWStr) {
+                return false;
+            }
+            written = value.str.length ? convFromShortWchar(value.str.chars, value.str.length)
+                                       : std::wstring();
+            return true;
     }
-    const unsigned u = static_cast<unsigned>(number);
-    BarcodeFacade2& f = *facade;
-    switch (index) {
-        case kFontSize:
-            f.setFontSize(u);
-            break;
-        case kTextColor:
-            f.setTextColor(u);
-            break;
-        case kTextAlign:
-            f.setTextAlign(u);
-            break;
-        case kTextPos:
-            f.setTextPos(u);
-            break;
-        case kBgColor:
-            f.setBgColor(u);
-            break;
-        case kBarColor:
-            f.setBarColor(u);
-            break;
-        case kCanvasRotation:
-            f.setCanvasRotation(u);
-            break;
-        case kCanvasXOffset:
-            f.setCanvasXOffset(number);
-            break;
-        case kCanvasYOffset:
-            f.setCanvasYOffset(number);
-            break;
-        case kCanvasMargin:
-            f.setCanvasMargin(number);
-            break;
-        case kBarAlign:
-            f.setBarAlign(u);
-            break;
-        case kCodeType:
-            f.setCodeType(u);
-            break;
-        case kCodeSentinel:
-            f.setCodeSentinel(u);
-            break;
-        case kWidth:
-            f.setColumnCount(u);
-            break;
-        case kHeight:
-            f.setRowCount(u);
-            break;
-        case kECL:
-            f.setECL(u);
-            break;
-        case kRowCount:
-            f.setRow2DCount(u);
-            break;
-        case kColumnCount:
-            f.setColumn2DCount(u);
-            break;
-        case kMaxFontSizeForHinting:
-            f.setMaxFontSizeForHinting(number);
-            break;
-        case kQRErrorCorrectionLevel:
-            f.setQRErrorCorrectionLevel(static_cast<unsigned char>(u & 0xFF));
-            break;
-        case kGS1DatabarRowCount:
-            f.setGS1DatabarRowCount(static_cast<unsigned char>(u & 0xFF));
-            break;
-        case kBarVerticalAlign:
-            f.setBarVerticalAlign(u);
-            break;
-        case kInputDataType:
-            f.setDataType(number);
-            break;
-        case kLogoSizePercentFromBarcode:
-            f.setLogoSizePercent(number);
-            break;
-        default:
-            return false;
-    }
-    return true;
-}
-
-bool CBarcode::setLogo(const VelkoVariant& value) {
-    if (value.type != VariantWStr) {
-        return false;
-    }
-    const std::wstring text =
-        value.str.length ? convFromShortWchar(value.str.chars, value.str.length) : std::wstring();
-    const std::string bytes = base642Raw(wstr2str(text));
-    std::vector<unsigned char> rgba;
-    unsigned width = 0;
-    unsigned height = 0;
-    if (bytes.empty() ||
-        lodepng::decode(rgba, width, height, reinterpret_cast<const unsigned char*>(bytes.data()),
-                        bytes.size(), LCT_RGBA, 8) != 0 ||
-        width == 0 || height == 0) {
-        // A picture that doesn't decode is no error to the host: there is simply no logo.
-        facade->setLogo(PImage());
-        return true;
-    }
-    facade->setLogo(PImage(width, height, PByteArray(rgba.data(), rgba.size())));
-    return true;
+    return false;
 }
 
 bool CBarcode::CastVariantToI4(const VelkoVariant& value, int& result) {
@@ -604,23 +297,24 @@ bool CBarcode::CastVariantToI4(const VelkoVariant& value, int& result) {
     return true;
 }
 
-bool CBarcode::CallAsFunc(long method, VelkoVariant* result, VelkoVariant* parameters, long count) {
-    if (!result) {
+bool CBarcode::CallAsFunc(long method, VelkoVariant* returned, VelkoVariant* parameters,
+                          long count) {
+    if (!returned) {
         return false;
     }
-    std::memset(static_cast<void*>(result), 0, sizeof(VelkoVariant));
-    result->type = VariantEmpty;
+    std::memset(static_cast<void*>(returned), 0, sizeof(VelkoVariant));
+    returned->type = VariantEmpty;
     return reportingErrors([&] {
         switch (method) {
             case kGetBarcode:
-                return getBarcode(result);
+                return getBarcode(returned);
             case kFontAt:
-                return count == 1 && parameters && fontAt(result, *parameters);
+                return count == 1 && parameters && fontAt(returned, *parameters);
             case kFindFont:
                 if (count != 1 || !parameters) {
                     return false;
                 }
-                putFlag(result, facade->findFont(convFromShortWchar(parameters->str.chars)));
+                putFlag(returned, facade->findFont(convFromShortWchar(parameters->str.chars)));
                 return true;
             default:
                 return false;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "host/cbarcode_properties.h"
 #include "host/velko_interfaces.h"
 
 namespace BarcodeVelko {
@@ -39,7 +40,7 @@ public:
     bool GetParamDefValue(long method, long parameter, VelkoVariant* value) override;
     bool HasRetVal(long method) override;
     bool CallAsProc(long method, VelkoVariant* parameters, long count) override;
-    bool CallAsFunc(long method, VelkoVariant* result, VelkoVariant* parameters,
+    bool CallAsFunc(long method, VelkoVariant* returned, VelkoVariant* parameters,
                     long count) override;
 
     void SetLocale(const unsigned short* locale) override;
@@ -52,14 +53,11 @@ private:
     template <class Call>
     bool reportingErrors(Call call);
 
-    bool setInteger(long index, const VelkoVariant& value);
-    bool setString(long index, const VelkoVariant& value);
-    bool setLogo(const VelkoVariant& value);
+    // The host's value as the property's kind reads it; false for a tag the kind refuses or
+    // a refused negative number.
+    static bool readVariant(const PropertyDescriptor& property, const VelkoVariant& value,
+                            PropertyValue& written);
     bool putString(VelkoVariant* value, const std::wstring& text);
-    std::wstring fontName() const;
-    // The value of a Boolean or integer property, by index.
-    bool flagOf(long index) const;
-    unsigned integerOf(long index) const;
     bool getBarcode(VelkoVariant* result);
     bool fontAt(VelkoVariant* result, const VelkoVariant& parameter);
 

@@ -108,6 +108,88 @@ TEST_F(ExtensionTest, ReadableAndWritableTables) {
     }
 }
 
+// Every property by its index: both names lead back to it, and a value of its kind written
+// through the host reads back as the facade keeps it. An empty read: not readable; an integer
+// read of -1: readable, with a value that depends on the symbol or the system.
+TEST_F(ExtensionTest, EveryPropertyByItsNamesAndKind) {
+    const std::string logo =
+        "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mP8z8DwHwAFBQIAX8jx0gAAAABJRU5Erk"
+        "Jggg==";
+    const struct {
+        const char* english;
+        const char* russian;
+        Value written;
+        Value read;
+    } properties[] = {
+        {"Font", "Шрифт", std::string("DejaVuSans"), std::string("DejaVuSans")},
+        {"FontSize", "РазмерШрифта", 14, 14},
+        {"TextColor", "ЦветТекста", 0x112233, 0x112233},
+        {"TextAlign", "ОриентацияТекста", 2, 2},
+        {"TextPos", "ПоложениеТекста", 1, 1},
+        {"TextVisible", "ОтображатьТекст", false, false},
+        {"BgColor", "ЦветФона", 0x445566, 0x445566},
+        {"BgTransparent", "ПрозрачныйФон", true, true},
+        {"BarColor", "ЦветПолос", 0x778899, 0x778899},
+        {"CanvasRotation", "УголПоворота", 270, 270},
+        {"CanvasXOffset", "ГорСмещение", 3, 3},
+        {"CanvasYOffset", "ВертСмещение", 4, 4},
+        {"CanvasMargin", "РазмерКрая", 5, 5},
+        {"BarAlign", "ВыравниваниеКода", 3, 3},
+        {"CodeType", "ТипКода", 3, 3},
+        {"CodeAuto", "АвтоТип", false, false},
+        {"CodeIsRaw", "СодержитКС", true, true},
+        {"CodeShowCS", "ВидимостьКС", false, false},
+        {"CodeValue", "ЗначениеКода", std::string("ABC"), Value()},
+        {"CodeCheckSymbol", "КонтрольныйСимвол", std::string("1"), std::string()},
+        {"CodeText", "ТекстКода", std::string("text"), std::string("text")},
+        {"CodeSentinel", "РазделителиКода", 40, 40},
+        {"CodeMinWidth", "МинимальнаяШиринаКода", 1, -1},
+        {"CodeMinHeight", "МинимальнаяВысотаКода", 1, -1},
+        {"Width", "Ширина", 321, 321},
+        {"Height", "Высота", 123, 123},
+        {"AspectRatio", "Пропорции", std::string("2:3"), std::string("2:3")},
+        {"ECL", "ECL", 4, 4},
+        {"FileName", "ИмяФайла", std::string("a.png"), std::string("a.png")},
+        {"FontCount", "КоличествоШрифтов", 1, -1},
+        {"GraphicsPresent", "ГрафикаУстановлена", false, true},
+        {"RowCount", "КоличествоСтрок", 6, 6},
+        {"ColumnCount", "КоличествоСтолбцов", 7, 7},
+        {"Version", "Версия", std::string("1"), std::string("9.0.12.8")},
+        {"MaxFontSizeForHinting", "МаксимальныйРазмерШрифтаДляПринтеровНизкогоРазрешения", 20, 20},
+        {"QRErrorCorrectionLevel", "УровеньКоррекцииQR", 3, 3},
+        {"GS1DatabarRowCount", "GS1DatabarКоличествоСтрок", 4, 4},
+        {"BarVerticalAlign", "ВертикальноеВыравниваниеКода", 2, 2},
+        {"InputDataType", "ТипВходныхДанных", 1, 1},
+        {"Result", "Результат", 1, 0},
+        {"RemoveExeedBackgroud", "УбратьЛишнийФон", true, true},
+        {"LogoImage", "ЛоготипКартинка", logo, Value()},
+        {"LogoSizePercentFromBarcode", "ЛоготипРазмерПроцентОтШК", 25, 25},
+    };
+    ASSERT_EQ(std::size(properties), static_cast<size_t>(object().GetNProps()));
+    for (long index = 0; index < object().GetNProps(); ++index) {
+        const auto& p = properties[index];
+        SCOPED_TRACE(p.english);
+        for (long alias = 0; alias < 2; ++alias) {
+            const unsigned short* name = object().GetPropName(index, alias);
+            ASSERT_NE(name, nullptr);
+            EXPECT_EQ(VelkoHost::toUtf8(VelkoHost::fromHostString(name)),
+                      alias == 0 ? p.english : p.russian);
+            EXPECT_EQ(object().FindProp(name), index);
+            session.memory().release(name);
+        }
+        const bool writable = object().IsPropWritable(index);
+        EXPECT_EQ(session.set(index, p.written), writable || index == 20);
+        const Value read = session.get(index);
+        if (p.read == Value(-1)) {
+            EXPECT_TRUE(std::holds_alternative<int>(read));
+        } else {
+            EXPECT_EQ(read, p.read);
+        }
+        EXPECT_EQ(object().IsPropReadable(index), p.read != Value());
+    }
+    EXPECT_TRUE(session.host().errors.empty());
+}
+
 TEST_F(ExtensionTest, ReadsDefaultsWithTheirTags) {
     EXPECT_EQ(session.get("Font"), Value(std::string("default")));
     EXPECT_EQ(session.get("FontSize"), Value(10));

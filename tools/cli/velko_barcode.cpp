@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "BarcodeLib/code_types.h"
 #include "layer/foundation/base64.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"
@@ -33,19 +34,10 @@ const char kUsage[] =
     "      --logo FILE       a PNG file for LogoImage (sent as Base64)\n"
     "  -o, --out FILE        the PNG to write (default barcode.png)\n"
     "      --gallery DIR     the demo value of every code type into DIR, one PNG each, named by\n"
-    "                        type number and symbology\n"
+    "                        type number and symbology, at a size that fits it\n"
     "      --fonts           list the fonts (FontCount, FontAt), one a line\n"
     "  -q, --quiet           print nothing\n"
     "  -h, --help\n";
-
-const char* const kSymbologies[] = {
-    "ean8",        "ean13",       "ean128",       "code39",          "code128",
-    "code16k",     "pdf417",      "standard2of5", "interleaved2of5", "code39ext",
-    "code93",      "itf14",       "rss14",        "codabar",         "ean13addon2",
-    "ean13addon5", "qr",          "gs1databar",   "datamatrix0",     "datamatrix1",
-    "datamatrix2", "datamatrix3", "datamatrix4",  "datamatrix5",     "datamatrix6",
-};
-constexpr int kCodeTypes = sizeof(kSymbologies) / sizeof(kSymbologies[0]);
 
 enum Exit { kClean = 0, kErrorPicture = 1, kUsageError = 2 };
 
@@ -207,15 +199,18 @@ bool savePng(const std::vector<unsigned char>& png, const std::string& path, uns
 }
 
 int gallery(const ExtensionLibrary& library, const Options& options) {
-    for (int type = 0; type < kCodeTypes; ++type) {
+    for (const BarcodeVelko::CodeTypeRow& row : BarcodeVelko::g_codeTypes) {
+        const int type = static_cast<int>(row.type);
         ExtensionSession session(library);
+        write(session, "Width", std::to_string(row.demoWidth));
+        write(session, "Height", std::to_string(row.demoHeight));
         for (const auto& [name, value] : options.sets) {
             write(session, name, value);
         }
         write(session, "CodeAuto", "false");
         write(session, "CodeType", std::to_string(type));
         char name[64];
-        std::snprintf(name, sizeof name, "%02d_%s.png", type, kSymbologies[type]);
+        std::snprintf(name, sizeof name, "%02d_%s.png", type, row.name);
         const std::string path = options.gallery + "/" + name;
         unsigned width = 0;
         unsigned height = 0;
