@@ -11,6 +11,7 @@
 #include "BarcodeLib/strategy_ean8.h"
 #include "BarcodeLib/strategy_interleaved2of5.h"
 #include "BarcodeLib/strategy_itf14.h"
+#include "BarcodeLib/strategy_pdf417.h"
 #include "BarcodeLib/strategy_qr.h"
 #include "BarcodeLib/strategy_standard2of5.h"
 
@@ -28,7 +29,7 @@ constexpr CodeTypeRow g_codeTypes[kCodeTypeCount] = {
     {T::Code39, "code39", &makeStrategy<StrategyCode39>, 0, S::None, false, true, 150, 100},
     {T::Code128, "code128", &makeStrategy<StrategyCode128>, 0, S::None, false, true, 150, 100},
     {T::Code16K, "code16k", nullptr, 0, S::None, false, true, 150, 100},
-    {T::PDF417, "pdf417", nullptr, 0, S::None, false, true, 150, 100},
+    {T::PDF417, "pdf417", &makeStrategy<StrategyPDF417>, 0, S::None, false, true, 360, 100},
     {T::Standard2of5, "standard2of5", &makeStrategy<StrategyStandard2of5>, 0, S::None, false, true,
      150, 100},
     {T::Interleaved2of5, "interleaved2of5", &makeStrategy<StrategyInterleaved2of5>, 0, S::None,
