@@ -2,8 +2,12 @@
 
 #include <lodepng.h>
 
+#include <unistd.h>
+
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -25,28 +29,36 @@ namespace {
 
 const char kUsage[] =
     "velko-barcode [options] [--] [VALUE]\n"
+    "velko-barcode [options] --batch FILE\n"
     "  -t, --type N          write CodeAuto=false, then CodeType=N\n"
-    "  -s, --set NAME=VALUE  write any property by its English or Russian name; repeatable, in "
-    "the\n"
-    "                        order given; the value is read by the property's type: an integer\n"
-    "                        (decimal or 0x hex), true/false, or text\n"
+    "  -s, --set NAME=VALUE  write any property by its English or Russian name; the value is\n"
+    "                        read by the property's type: an integer (decimal or 0x hex),\n"
+    "                        true/false, or text\n"
     "  -b, --base64          the value is Base64 (InputDataType=1)\n"
     "      --logo FILE       a PNG file for LogoImage (sent as Base64)\n"
-    "  -o, --out FILE        the PNG to write (default barcode.png)\n"
+    "                        -t, -s, -b and --logo are written in the order given, the value last\n"
+    "  -o, --out PATH        the PNG to write (default barcode.png); with --batch, the folder\n"
+    "                        (default .)\n"
+    "      --batch FILE      one value a line (FILE - is standard input), each drawn with the\n"
+    "                        same settings into OUT/NNNNNN.png, NNNNNN the line number\n"
     "      --gallery DIR     the demo value of every code type into DIR, one PNG each, named by\n"
-    "                        type number and symbology, at a size that fits it\n"
+    "                        type number and symbology, at a size that fits it, with index.html\n"
     "      --fonts           list the fonts (FontCount, FontAt), one a line\n"
     "  -q, --quiet           print nothing\n"
-    "  -h, --help\n";
+    "  -h, --help\n"
+    "Exit: 0 every picture is a clean barcode, 1 some picture shows an error, 2 a usage error,\n"
+    "a write the object refused, or a folder or file that can't be made or read.\n";
 
 enum Exit { kClean = 0, kErrorPicture = 1, kUsageError = 2 };
 
+// One property write: the name and the text of its value.
+using Write = std::pair<std::string, std::string>;
+
 struct Options {
-    std::vector<std::pair<std::string, std::string>> sets;
-    std::string type;
-    bool base64 = false;
-    std::string logo;
-    std::string out = "barcode.png";
+    std::vector<Write> writes;
+    bool typeGiven = false;
+    std::string out;
+    std::string batch;
     std::string gallery;
     bool fonts = false;
     bool quiet = false;
@@ -74,6 +86,15 @@ bool parseInteger(const std::string& text, int& number) {
     return true;
 }
 
+std::string readBase64(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        throw UsageError{"can't read " + path};
+    }
+    return raw2Base64(
+        std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>()));
+}
+
 Options parse(int argc, char** argv) {
     Options options;
     auto argument = [&](int& i) -> std::string {
@@ -98,20 +119,25 @@ Options parse(int argc, char** argv) {
             std::cout << kUsage;
             std::exit(kClean);
         } else if (arg == "-t" || arg == "--type") {
-            options.type = argument(i);
+            options.writes.emplace_back("CodeAuto", "false");
+            options.writes.emplace_back("CodeType", argument(i));
+            options.typeGiven = true;
         } else if (arg == "-s" || arg == "--set") {
             const std::string assignment = argument(i);
             const auto equals = assignment.find('=');
             if (equals == std::string::npos || equals == 0) {
                 throw UsageError{"--set takes NAME=VALUE, not " + assignment};
             }
-            options.sets.emplace_back(assignment.substr(0, equals), assignment.substr(equals + 1));
+            options.writes.emplace_back(assignment.substr(0, equals),
+                                        assignment.substr(equals + 1));
         } else if (arg == "-b" || arg == "--base64") {
-            options.base64 = true;
+            options.writes.emplace_back("InputDataType", "1");
         } else if (arg == "--logo") {
-            options.logo = argument(i);
+            options.writes.emplace_back("LogoImage", readBase64(argument(i)));
         } else if (arg == "-o" || arg == "--out") {
             options.out = argument(i);
+        } else if (arg == "--batch") {
+            options.batch = argument(i);
         } else if (arg == "--gallery") {
             options.gallery = argument(i);
         } else if (arg == "--fonts") {
@@ -126,6 +152,12 @@ Options parse(int argc, char** argv) {
             options.value = arg;
             options.haveValue = true;
         }
+    }
+    if (!options.batch.empty() && options.haveValue) {
+        throw UsageError{"--batch takes its values from the file, not the command line"};
+    }
+    if (options.out.empty()) {
+        options.out = options.batch.empty() ? "barcode.png" : ".";
     }
     return options;
 }
@@ -163,15 +195,6 @@ void write(ExtensionSession& session, const std::string& name, const std::string
     }
 }
 
-std::string readBase64(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        throw UsageError{"can't read " + path};
-    }
-    return raw2Base64(
-        std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>()));
-}
-
 std::string text(const Value& value) {
     if (const int* number = std::get_if<int>(&value))
         return std::to_string(*number);
@@ -198,32 +221,188 @@ bool savePng(const std::vector<unsigned char>& png, const std::string& path, uns
     return static_cast<bool>(file);
 }
 
+void writeAll(ExtensionSession& session, const std::vector<Write>& writes) {
+    for (const auto& [name, value] : writes) {
+        write(session, name, value);
+    }
+}
+
+// Makes the folder and its parents, as mkdir -p does.
+void makeFolder(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    if (error || !std::filesystem::is_directory(path)) {
+        throw UsageError{"can't make the folder " + path + (error ? ": " + error.message() : ""),
+                         false};
+    }
+}
+
+std::string htmlEscaped(const std::string& text) {
+    std::string escaped;
+    for (const char c : text) {
+        switch (c) {
+            case '<':
+                escaped += "&lt;";
+                break;
+            case '>':
+                escaped += "&gt;";
+                break;
+            case '&':
+                escaped += "&amp;";
+                break;
+            default:
+                escaped += c;
+        }
+    }
+    return escaped;
+}
+
 int gallery(const ExtensionLibrary& library, const Options& options) {
+    makeFolder(options.gallery);
+    std::ostringstream index;
+    index << "<!DOCTYPE html>\n<meta charset=\"utf-8\">\n<title>Velko barcode gallery</title>\n"
+          << "<table border=\"1\" cellpadding=\"6\">\n"
+          << "<tr><th>type</th><th>picture</th><th>value</th><th>settings</th></tr>\n";
+    int exit = kClean;
     for (const BarcodeVelko::CodeTypeRow& row : BarcodeVelko::g_codeTypes) {
         const int type = static_cast<int>(row.type);
         ExtensionSession session(library);
-        write(session, "Width", std::to_string(row.demoWidth));
-        write(session, "Height", std::to_string(row.demoHeight));
-        for (const auto& [name, value] : options.sets) {
-            write(session, name, value);
-        }
-        write(session, "CodeAuto", "false");
-        write(session, "CodeType", std::to_string(type));
+        std::vector<Write> writes = {{"Width", std::to_string(row.demoWidth)},
+                                     {"Height", std::to_string(row.demoHeight)}};
+        writes.insert(writes.end(), options.writes.begin(), options.writes.end());
+        writes.insert(writes.end(), {{"CodeAuto", "false"}, {"CodeType", std::to_string(type)}});
+        writeAll(session, writes);
         char name[64];
         std::snprintf(name, sizeof name, "%02d_%s.png", type, row.name);
         const std::string path = options.gallery + "/" + name;
         unsigned width = 0;
         unsigned height = 0;
         const bool saved = savePng(session.getBarcode(), path, width, height);
+        const bool clean = saved && pictureResult(session) == 0;
+        const std::string value = text(session.get("CodeText"));
+        if (!clean) {
+            exit = kErrorPicture;
+        }
         if (!options.quiet) {
             std::cout << path << ": "
-                      << (!saved                        ? "no picture"
-                          : pictureResult(session) == 0 ? text(session.get("CodeText"))
-                                                        : "error picture")
+                      << (!saved  ? "no picture"
+                          : clean ? value
+                                  : "error picture")
                       << "\n";
         }
+        std::string settings;
+        for (const auto& [property, setting] : writes) {
+            settings += (settings.empty() ? "" : ", ") + property + "=" +
+                        (setting.size() > 40 ? setting.substr(0, 37) + "..." : setting);
+        }
+        index << "<tr><td>" << type << " " << row.name << "</td><td><img src=\"" << name
+              << "\"></td><td>" << htmlEscaped(clean ? value : "(error picture)") << "</td><td>"
+              << htmlEscaped(settings) << "</td></tr>\n";
     }
-    return kClean;
+    index << "</table>\n";
+    std::ofstream(options.gallery + "/index.html") << index.str();
+    return exit;
+}
+
+// A line on the terminal with count, rate and time left, once a run has taken a second.
+class Progress {
+public:
+    Progress(bool quiet, size_t total) : shown(!quiet && isatty(fileno(stderr))), total(total) {}
+    ~Progress() {
+        if (drawn) {
+            std::cerr << "\r\033[K" << std::flush;
+        }
+    }
+
+    void update(size_t done) {
+        using namespace std::chrono;
+        const auto now = steady_clock::now();
+        if (!shown || now - start < seconds(1) || now - last < milliseconds(100)) {
+            return;
+        }
+        last = now;
+        const double elapsed = duration<double>(now - start).count();
+        const double rate = static_cast<double>(done) / elapsed;
+        const double left = rate > 0 ? static_cast<double>(total - done) / rate : 0;
+        char line[96];
+        std::snprintf(line, sizeof line, "\r%zu/%zu  %.0f pictures/s  %.0f s left\033[K", done,
+                      total, rate, left);
+        std::cerr << line << std::flush;
+        drawn = true;
+    }
+
+private:
+    const bool shown;
+    const size_t total;
+    const std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
+    std::chrono::steady_clock::time_point last = start;
+    bool drawn = false;
+};
+
+std::vector<std::string> readLines(const std::string& path) {
+    std::ifstream file;
+    if (path != "-") {
+        file.open(path);
+        if (!file) {
+            throw UsageError{"can't read " + path, false};
+        }
+    }
+    std::istream& in = path == "-" ? std::cin : file;
+    std::vector<std::string> lines;
+    std::string line;
+    while (std::getline(in, line)) {
+        if (!line.empty() && line.back() == '\r') {
+            line.pop_back();
+        }
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+// One object draws every value. Between values the flags that a value's write changes go back
+// to the settings: the type search, and the raw form that a refused plain value switches on.
+int batch(const ExtensionLibrary& library, const Options& options) {
+    const std::vector<std::string> values = readLines(options.batch);
+    makeFolder(options.out);
+    ExtensionSession session(library);
+    writeAll(session, options.writes);
+    const Value raw = session.get("CodeIsRaw");
+    const bool searching = !options.typeGiven && session.get("CodeAuto") == Value(true);
+    Progress progress(options.quiet, values.size());
+    size_t failed = 0;
+    for (size_t i = 0; i < values.size(); ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "%06zu.png", i + 1);
+        const std::string path = options.out + "/" + name;
+        session.set("CodeIsRaw", raw);
+        if (searching) {
+            session.set("CodeAuto", true);
+        }
+        std::string outcome;
+        if (!session.set("CodeValue", values[i])) {
+            outcome = "refused: " + lastHostError(session);
+        } else {
+            unsigned width = 0;
+            unsigned height = 0;
+            const bool saved = savePng(session.getBarcode(), path, width, height);
+            outcome = !saved ? "no picture" : pictureResult(session) != 0 ? "error picture" : "";
+        }
+        if (!outcome.empty()) {
+            ++failed;
+        }
+        if (!options.quiet) {
+            std::cout << path << ": "
+                      << (outcome.empty() ? "type " + text(session.get("CodeType")) + " " +
+                                                text(session.get("CodeText"))
+                                          : outcome)
+                      << "\n";
+        }
+        progress.update(i + 1);
+    }
+    if (!options.quiet) {
+        std::cout << values.size() - failed << " of " << values.size() << " clean\n";
+    }
+    return failed == 0 ? kClean : kErrorPicture;
 }
 
 int run(const Options& options) {
@@ -234,6 +413,9 @@ int run(const Options& options) {
     }
     if (!options.gallery.empty()) {
         return gallery(library, options);
+    }
+    if (!options.batch.empty()) {
+        return batch(library, options);
     }
     ExtensionSession session(library);
     if (!session.object()) {
@@ -252,19 +434,7 @@ int run(const Options& options) {
         }
         return kClean;
     }
-    for (const auto& [name, value] : options.sets) {
-        write(session, name, value);
-    }
-    if (!options.type.empty()) {
-        write(session, "CodeAuto", "false");
-        write(session, "CodeType", options.type);
-    }
-    if (options.base64) {
-        write(session, "InputDataType", "1");
-    }
-    if (!options.logo.empty()) {
-        write(session, "LogoImage", readBase64(options.logo));
-    }
+    writeAll(session, options.writes);
     if (options.haveValue) {
         write(session, "CodeValue", options.value);
     }
