@@ -2,6 +2,7 @@
 
 #include "BarcodeLib/strategy_codabar.h"
 #include "BarcodeLib/strategy_code128.h"
+#include "BarcodeLib/strategy_code16k.h"
 #include "BarcodeLib/strategy_code39.h"
 #include "BarcodeLib/strategy_code39_ext.h"
 #include "BarcodeLib/strategy_code93.h"
@@ -13,6 +14,7 @@
 #include "BarcodeLib/strategy_itf14.h"
 #include "BarcodeLib/strategy_pdf417.h"
 #include "BarcodeLib/strategy_qr.h"
+#include "BarcodeLib/strategy_rss14.h"
 #include "BarcodeLib/strategy_standard2of5.h"
 
 namespace BarcodeVelko {
@@ -28,7 +30,7 @@ constexpr CodeTypeRow g_codeTypes[kCodeTypeCount] = {
     {T::EAN128, "ean128", nullptr, 0, S::None, true, true, 150, 100},
     {T::Code39, "code39", &makeStrategy<StrategyCode39>, 0, S::None, false, true, 150, 100},
     {T::Code128, "code128", &makeStrategy<StrategyCode128>, 0, S::None, false, true, 150, 100},
-    {T::Code16K, "code16k", nullptr, 0, S::None, false, true, 150, 100},
+    {T::Code16K, "code16k", &makeStrategy<StrategyCode16k>, 0, S::None, false, true, 250, 90},
     {T::PDF417, "pdf417", &makeStrategy<StrategyPDF417>, 0, S::None, false, true, 360, 100},
     {T::Standard2of5, "standard2of5", &makeStrategy<StrategyStandard2of5>, 0, S::None, false, true,
      150, 100},
@@ -38,7 +40,7 @@ constexpr CodeTypeRow g_codeTypes[kCodeTypeCount] = {
      100},
     {T::Code93, "code93", &makeStrategy<StrategyCode93>, 0, S::None, false, true, 150, 100},
     {T::ITF14, "itf14", &makeStrategy<StrategyITF14>, 0, S::None, false, true, 150, 100},
-    {T::RSS14, "rss14", nullptr, 0, S::None, false, true, 150, 100},
+    {T::RSS14, "rss14", &makeStrategy<StrategyRSS14>, 0, S::None, false, true, 300, 100},
     {T::Codabar, "codabar", &makeStrategy<StrategyCodaBar>, 0, S::None, false, true, 150, 100},
     {T::EAN13AddOn2, "ean13addon2", &makeStrategy<StrategyEAN13AddOn2>, 0, S::None, false, true,
      150, 100},

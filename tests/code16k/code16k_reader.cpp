@@ -1,0 +1,330 @@
+#include "tests/code16k/code16k_reader.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace Code16kTest {
+
+namespace {
+
+// Element widths of the symbol values 0 to 106 (EN 12323, as Code 128 but for 106), read
+// from the space that opens each character in a Code 16K row.
+const char* const kValueWidths[107] = {
+    "212222", "222122", "222221", "121223", "121322", "131222", "122213", "122312", "132212",
+    "221213", "221312", "231212", "112232", "122132", "122231", "113222", "123122", "123221",
+    "223211", "221132", "221231", "213212", "223112", "312131", "311222", "321122", "321221",
+    "312212", "322112", "322211", "212123", "212321", "232121", "111323", "131123", "131321",
+    "112313", "132113", "132311", "211313", "231113", "231311", "112133", "112331", "132131",
+    "113123", "113321", "133121", "313121", "211331", "231131", "213113", "213311", "213131",
+    "311123", "311321", "331121", "312113", "312311", "332111", "314111", "221411", "431111",
+    "111224", "111422", "121124", "121421", "141122", "141221", "112214", "112412", "122114",
+    "122411", "142112", "142211", "241211", "221114", "413111", "241112", "134111", "111242",
+    "121142", "121241", "114212", "124112", "124211", "411212", "421112", "421211", "212141",
+    "214121", "412121", "111143", "111341", "131141", "114113", "114311", "411113", "411311",
+    "113141", "114131", "311141", "411131", "211412", "211214", "211232", "211133",
+};
+
+// The start and stop characters (bar, space, bar, space for a start; the reverse for a stop),
+// and which of them begins and ends each row.
+const char* const kRowCharacters[8] = {"3211", "2221", "2122", "1411",
+                                       "1132", "1231", "1114", "3112"};
+const unsigned kStartOfRow[16] = {0, 1, 2, 3, 4, 5, 6, 7, 0, 1, 2, 3, 4, 5, 6, 7};
+const unsigned kStopOfRow[16] = {0, 1, 2, 3, 4, 5, 6, 7, 4, 5, 6, 7, 0, 1, 2, 3};
+
+const unsigned kWidth = 80;  // modules, of the bars above and below the rows
+const unsigned kRowHeight = 8;
+const unsigned kQuiet = 5;  // light modules before a row's start and behind its stop
+
+bool dark(const VelkoTest::Picture& picture, unsigned x, unsigned y) {
+    const unsigned pixel = picture.pixel(x, y);
+    const unsigned luminance = (pixel & 0xff) + (pixel >> 8 & 0xff) + (pixel >> 16 & 0xff);
+    return luminance < 3 * 128;
+}
+
+std::string widthsOf(const std::string& modules) {
+    std::string widths;
+    for (size_t i = 0; i < modules.size();) {
+        size_t j = i;
+        while (j < modules.size() && modules[j] == modules[i]) {
+            ++j;
+        }
+        if (j - i > 9) {
+            return "?";
+        }
+        widths += static_cast<char>('0' + (j - i));
+        i = j;
+    }
+    return widths;
+}
+
+enum class Set { A, B, C };
+
+// One character of set A or B; false for a value that is a function there.
+bool characterOf(unsigned value, Set set, std::string& text) {
+    if (value >= 96) {
+        return false;
+    }
+    if (set == Set::B) {
+        text += static_cast<char>(value + 32);
+    } else {
+        text += static_cast<char>(value < 64 ? value + 32 : value - 64);
+    }
+    return true;
+}
+
+bool pairOf(unsigned value, std::string& text) {
+    if (value >= 100) {
+        return false;
+    }
+    text += static_cast<char>('0' + value / 10);
+    text += static_cast<char>('0' + value % 10);
+    return true;
+}
+
+}  // namespace
+
+void checkCharacters(const std::vector<unsigned>& values, unsigned& first, unsigned& second) {
+    unsigned long sum1 = 0;
+    unsigned long sum2 = 0;
+    for (size_t i = 0; i < values.size(); ++i) {
+        sum1 += (i + 2) * values[i];
+        sum2 += (i + 1) * values[i];
+    }
+    first = static_cast<unsigned>(sum1 % 107);
+    second = static_cast<unsigned>((sum2 + (values.size() + 1) * first) % 107);
+}
+
+std::string decodeValues(const std::vector<unsigned>& values, std::string& error) {
+    std::string text;
+    if (values.empty()) {
+        error = "no values";
+        return text;
+    }
+    const unsigned mode = values[0] % 7;
+    size_t i = 1;
+    Set set = Set::A;
+    // Values that the next characters are read in, before set comes back.
+    Set shiftSet = Set::A;
+    size_t shifted = 0;
+    switch (mode) {
+        case 0:
+            set = Set::A;
+            break;
+        case 1:
+            set = Set::B;
+            break;
+        case 2:
+            set = Set::C;
+            break;
+        case 5:
+            set = Set::C;
+            shiftSet = Set::B;
+            shifted = 1;
+            break;
+        case 6:
+            set = Set::C;
+            shiftSet = Set::B;
+            shifted = 2;
+            break;
+        default:
+            error = "FNC1 mode " + std::to_string(mode);
+            return text;
+    }
+    bool padding = false;
+    for (; i < values.size(); ++i) {
+        const unsigned v = values[i];
+        if (padding) {
+            if (v != 103) {
+                error = "value after a pad";
+            }
+            continue;
+        }
+        if (shifted > 0) {
+            --shifted;
+            const bool ok = shiftSet == Set::C ? pairOf(v, text) : characterOf(v, shiftSet, text);
+            if (!ok) {
+                error = "function value " + std::to_string(v) + " in a shift";
+                return text;
+            }
+            continue;
+        }
+        if (v == 103) {
+            padding = true;
+            continue;
+        }
+        const Set other = set == Set::A ? Set::B : Set::A;
+        if (set == Set::C) {
+            if (pairOf(v, text)) {
+                continue;
+            }
+            switch (v) {
+                case 100:
+                    set = Set::B;
+                    break;
+                case 101:
+                    set = Set::A;
+                    break;
+                case 104:
+                    shiftSet = Set::B;
+                    shifted = 1;
+                    break;
+                case 105:
+                    shiftSet = Set::B;
+                    shifted = 2;
+                    break;
+                case 106:
+                    shiftSet = Set::B;
+                    shifted = 3;
+                    break;
+                default:
+                    error = "value " + std::to_string(v) + " in set C";
+                    return text;
+            }
+            continue;
+        }
+        if (characterOf(v, set, text)) {
+            continue;
+        }
+        switch (v) {
+            case 98:
+                shiftSet = other;
+                shifted = 1;
+                break;
+            case 99:
+                set = Set::C;
+                break;
+            case 100:
+            case 101:
+                if ((v == 100) != (set == Set::A)) {
+                    error = "FNC4";
+                    return text;
+                }
+                set = other;
+                break;
+            case 104:
+                shiftSet = other;
+                shifted = 2;
+                break;
+            case 105:
+                shiftSet = Set::C;
+                shifted = 2;
+                break;
+            case 106:
+                shiftSet = Set::C;
+                shifted = 3;
+                break;
+            default:
+                error = "function value " + std::to_string(v);
+                return text;
+        }
+    }
+    if (shifted > 0) {
+        error = "shift at the end";
+    }
+    return text;
+}
+
+Reading read(const VelkoTest::Picture& picture) {
+    Reading reading;
+    unsigned left = picture.width, right = 0, top = picture.height, bottom = 0;
+    for (unsigned y = 0; y < picture.height; ++y) {
+        for (unsigned x = 0; x < picture.width; ++x) {
+            if (dark(picture, x, y)) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = std::max(bottom, y);
+            }
+        }
+    }
+    if (left > right) {
+        reading.error = "nothing dark";
+        return reading;
+    }
+    const unsigned width = right - left + 1;
+    const unsigned height = bottom - top + 1;
+    const unsigned x = width / kWidth;
+    if (x == 0 || width % kWidth != 0 || height % x != 0 || (height / x - 1) % (kRowHeight + 1)) {
+        reading.error = "not a grid of 80 modules and 9-module rows: " + std::to_string(width) +
+                        " x " + std::to_string(height);
+        return reading;
+    }
+    const unsigned rows = (height / x - 1) / (kRowHeight + 1);
+    if (rows < 2 || rows > 16) {
+        reading.error = std::to_string(rows) + " rows";
+        return reading;
+    }
+    reading.rows = rows;
+
+    // Every pixel line of a module row must read the same.
+    const auto line = [&](unsigned moduleRow, unsigned modules) {
+        std::string first;
+        for (unsigned dy = 0; dy < modules * x; ++dy) {
+            std::string bits;
+            for (unsigned m = 0; m < kWidth; ++m) {
+                bits += dark(picture, left + m * x + x / 2, top + moduleRow * x + dy) ? '1' : '0';
+            }
+            if (dy == 0) {
+                first = bits;
+            } else if (bits != first) {
+                return std::string("uneven");
+            }
+        }
+        return first;
+    };
+    const std::string bar(kWidth, '1');
+    const std::string separator =
+        std::string(kQuiet, '0') + std::string(70, '1') + std::string(kQuiet, '0');
+    if (line(0, 1) != bar || line(height / x - 1, 1) != bar) {
+        reading.error = "top or bottom bar";
+        return reading;
+    }
+    for (unsigned r = 0; r < rows; ++r) {
+        const unsigned rowTop = 1 + r * (kRowHeight + 1);
+        if (r + 1 < rows && line(rowTop + kRowHeight, 1) != separator) {
+            reading.error = "separator under row " + std::to_string(r);
+            return reading;
+        }
+        const std::string bits = line(rowTop, kRowHeight);
+        if (bits.compare(0, kQuiet, std::string(kQuiet, '0')) != 0 ||
+            bits.compare(kWidth - kQuiet, kQuiet, std::string(kQuiet, '0')) != 0) {
+            reading.error = "quiet zone of row " + std::to_string(r);
+            return reading;
+        }
+        const std::string widths = widthsOf(bits.substr(kQuiet, kWidth - 2 * kQuiet));
+        // start (4) and guard bar, five characters of six elements, stop (4)
+        if (widths.size() != 39 || widths.compare(0, 4, kRowCharacters[kStartOfRow[r]]) != 0 ||
+            widths[4] != '1' || widths.compare(35, 4, kRowCharacters[kStopOfRow[r]]) != 0) {
+            reading.error = "start or stop of row " + std::to_string(r) + ": " + widths;
+            return reading;
+        }
+        for (unsigned c = 0; c < 5; ++c) {
+            const std::string character = widths.substr(5 + 6 * c, 6);
+            const auto found = std::find_if(std::begin(kValueWidths), std::end(kValueWidths),
+                                            [&](const char* w) { return character == w; });
+            if (found == std::end(kValueWidths)) {
+                reading.error = "no symbol character " + character;
+                return reading;
+            }
+            reading.values.push_back(static_cast<unsigned>(found - std::begin(kValueWidths)));
+        }
+    }
+
+    const std::vector<unsigned> data(reading.values.begin(), reading.values.end() - 2);
+    unsigned first = 0, second = 0;
+    checkCharacters(data, first, second);
+    if (first != reading.values[reading.values.size() - 2] || second != reading.values.back()) {
+        reading.error = "check characters";
+        return reading;
+    }
+    if (reading.values[0] / 7 + 2 != rows) {
+        reading.error =
+            "mode character names " + std::to_string(reading.values[0] / 7 + 2) + " rows";
+        return reading;
+    }
+    reading.mode = reading.values[0] % 7;
+    reading.text = decodeValues(data, reading.error);
+    return reading;
+}
+
+}  // namespace Code16kTest
