@@ -1,6 +1,6 @@
 #include "layer/foundation/android_log.h"
 
-#ifndef __ANDROID__
+#ifndef VELKO_HAVE_ANDROID_LOG
 #include <cstdio>
 #include <string>
 
