@@ -67,6 +67,38 @@ public:
                              const unsigned short* description, long systemCode) = 0;
 };
 
+// The host's platform services on Android, in its table behind those of IVelkoHost.
+class IVelkoHostEx : public IVelkoHost {
+public:
+    // The meaning of an option lies with the host.
+    virtual bool configure(long option) = 0;
+    // The interface of that number, or null; not owned by the caller.
+    virtual void* queryInterface(long id) = 0;
+};
+
+// What the extension asks of the host on Android before it starts its Java side.
+enum VelkoHostRequest : long {
+    VelkoConfigureAndroidServices = 10,
+    VelkoInterfaceAndroidHelper = 2,  // an IVelkoAndroidHelper
+};
+
+// jni.h declares these classes the same way; the header stays free of JNI.
+class _jobject;
+class _jclass;
+
+// Two operations and no destructor in the table: the helper stays the host's.
+class IVelkoAndroidHelper {
+public:
+    // A local reference to the current activity.
+    virtual _jobject* getActivity() = 0;
+    // A local reference to the class found by the host's class loader, or null; the name is
+    // dotted, as Java writes it.
+    virtual _jclass* findClass(const unsigned short* name) = 0;
+
+protected:
+    ~IVelkoAndroidHelper() = default;
+};
+
 class IVelkoLifecycle {
 public:
     virtual ~IVelkoLifecycle() = default;

@@ -8,7 +8,7 @@ packages=(
     libboost-dev libboost-locale-dev
     libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev fonts-dejavu-core
     gcc-multilib g++-multilib locales
-    android-liblog-dev
+    openjdk-17-jdk-headless android-liblog-dev
 )
 
 # The thread test runs under Russian locales: ru_RU.UTF-8, and Russian_Russia.UTF-8, the name
