@@ -57,27 +57,34 @@ std::string widthsOf(const std::string& modules) {
     return widths;
 }
 
-enum class Set { A, B, C };
+// What the values 96 to 106 do in sets A, B and C (in C from 100 on): L latches to the set
+// named after it, S shifts the number of characters (pairs in C) given behind the set, P pads;
+// an empty entry is an FNC character, which this encoder never writes.
+const char* const kFunctions[11][3] = {
+    {"", "", ""},          {"", "", ""},          {"SB1", "SA1", ""},    {"LC", "LC", ""},
+    {"LB", "", "LB"},      {"", "LA", "LA"},      {"", "", ""},          {"P", "P", "P"},
+    {"SB2", "SA2", "SB1"}, {"SC2", "SC2", "SB2"}, {"SC3", "SC3", "SB3"},
+};
 
-// One character of set A or B; false for a value that is a function there.
-bool characterOf(unsigned value, Set set, std::string& text) {
-    if (value >= 96) {
+// The set of each start mode, with the characters shifted to B at the start; FNC1 modes 3 and
+// 4 are left out.
+const char* const kModes[7] = {"A", "B", "C", "", "", "CB1", "CB2"};
+
+// Appends the character or pair of value in set ('A', 'B' or 'C'); false for a function.
+bool characterOf(unsigned value, char set, std::string& text) {
+    if (set == 'C') {
+        if (value >= 100) {
+            return false;
+        }
+        text += static_cast<char>('0' + value / 10);
+        text += static_cast<char>('0' + value % 10);
+    } else if (value >= 96) {
         return false;
-    }
-    if (set == Set::B) {
+    } else if (set == 'B' || value < 64) {
         text += static_cast<char>(value + 32);
     } else {
-        text += static_cast<char>(value < 64 ? value + 32 : value - 64);
+        text += static_cast<char>(value - 64);
     }
-    return true;
-}
-
-bool pairOf(unsigned value, std::string& text) {
-    if (value >= 100) {
-        return false;
-    }
-    text += static_cast<char>('0' + value / 10);
-    text += static_cast<char>('0' + value % 10);
     return true;
 }
 
@@ -96,129 +103,36 @@ void checkCharacters(const std::vector<unsigned>& values, unsigned& first, unsig
 
 std::string decodeValues(const std::vector<unsigned>& values, std::string& error) {
     std::string text;
-    if (values.empty()) {
-        error = "no values";
+    const char* mode = values.empty() ? "" : kModes[values[0] % 7];
+    if (*mode == '\0') {
+        error = "no values or an FNC1 mode";
         return text;
     }
-    const unsigned mode = values[0] % 7;
-    size_t i = 1;
-    Set set = Set::A;
-    // Values that the next characters are read in, before set comes back.
-    Set shiftSet = Set::A;
-    size_t shifted = 0;
-    switch (mode) {
-        case 0:
-            set = Set::A;
-            break;
-        case 1:
-            set = Set::B;
-            break;
-        case 2:
-            set = Set::C;
-            break;
-        case 5:
-            set = Set::C;
-            shiftSet = Set::B;
-            shifted = 1;
-            break;
-        case 6:
-            set = Set::C;
-            shiftSet = Set::B;
-            shifted = 2;
-            break;
-        default:
-            error = "FNC1 mode " + std::to_string(mode);
-            return text;
-    }
+    char set = mode[0];
+    char shiftSet = mode[1];
+    unsigned shifted = mode[1] ? static_cast<unsigned>(mode[2] - '0') : 0;
     bool padding = false;
-    for (; i < values.size(); ++i) {
+    for (size_t i = 1; i < values.size() && error.empty(); ++i) {
         const unsigned v = values[i];
-        if (padding) {
-            if (v != 103) {
-                error = "value after a pad";
-            }
-            continue;
-        }
-        if (shifted > 0) {
-            --shifted;
-            const bool ok = shiftSet == Set::C ? pairOf(v, text) : characterOf(v, shiftSet, text);
-            if (!ok) {
-                error = "function value " + std::to_string(v) + " in a shift";
-                return text;
-            }
-            continue;
-        }
-        if (v == 103) {
+        if (padding || v == 103) {
             padding = true;
-            continue;
-        }
-        const Set other = set == Set::A ? Set::B : Set::A;
-        if (set == Set::C) {
-            if (pairOf(v, text)) {
-                continue;
+            error = v == 103 ? "" : "value after a pad";
+        } else if (shifted > 0) {
+            --shifted;
+            error = characterOf(v, shiftSet, text) ? "" : "function value in a shift";
+        } else if (!characterOf(v, set, text)) {
+            const std::string function = v <= 106 ? kFunctions[v - 96][set - 'A'] : "";
+            if (function.empty()) {
+                error = "value " + std::to_string(v) + " in set " + set;
+            } else if (function[0] == 'L') {
+                set = function[1];
+            } else {
+                shiftSet = function[1];
+                shifted = static_cast<unsigned>(function[2] - '0');
             }
-            switch (v) {
-                case 100:
-                    set = Set::B;
-                    break;
-                case 101:
-                    set = Set::A;
-                    break;
-                case 104:
-                    shiftSet = Set::B;
-                    shifted = 1;
-                    break;
-                case 105:
-                    shiftSet = Set::B;
-                    shifted = 2;
-                    break;
-                case 106:
-                    shiftSet = Set::B;
-                    shifted = 3;
-                    break;
-                default:
-                    error = "value " + std::to_string(v) + " in set C";
-                    return text;
-            }
-            continue;
-        }
-        if (characterOf(v, set, text)) {
-            continue;
-        }
-        switch (v) {
-            case 98:
-                shiftSet = other;
-                shifted = 1;
-                break;
-            case 99:
-                set = Set::C;
-                break;
-            case 100:
-            case 101:
-                if ((v == 100) != (set == Set::A)) {
-                    error = "FNC4";
-                    return text;
-                }
-                set = other;
-                break;
-            case 104:
-                shiftSet = other;
-                shifted = 2;
-                break;
-            case 105:
-                shiftSet = Set::C;
-                shifted = 2;
-                break;
-            case 106:
-                shiftSet = Set::C;
-                shifted = 3;
-                break;
-            default:
-                error = "function value " + std::to_string(v);
-                return text;
         }
     }
-    if (shifted > 0) {
+    if (shifted > 0 && error.empty()) {
         error = "shift at the end";
     }
     return text;

@@ -97,54 +97,42 @@ TEST(RSS14, AcceptAndCheck) {
 
 // Every row is a valid data character of its group: module counts, widest elements, a narrow
 // element where the set needs one, and the value order of the standard inside each group.
-TEST(RSS14, PatternTables) {
-    const struct {
-        const unsigned char (*rows)[8];
-        unsigned count;
-        unsigned modules;
-        bool outside;
-        // per group: first value, odd modules, widest odd, widest even
-        std::vector<std::array<unsigned, 4>> groups;
-    } tables[] = {
-        {StrategyRSS14::g_auOutsidePatterns,
-         2841,
-         16,
-         true,
-         {{0, 12, 8, 1}, {161, 10, 6, 3}, {961, 8, 4, 5}, {2015, 6, 3, 6}, {2715, 4, 1, 8}}},
-        {StrategyRSS14::g_auInsidePatterns,
-         1597,
-         15,
-         false,
-         {{0, 5, 2, 7}, {336, 7, 4, 5}, {1036, 9, 6, 3}, {1516, 11, 8, 1}}},
+void checkPatterns(const unsigned char (*rows)[8],
+                   const std::vector<std::array<unsigned, 4>>& groups, bool outside) {
+    const auto sum = [](const std::string& s) { return std::accumulate(s.begin(), s.end(), 0u); };
+    const auto widest = [](const std::string& s) {
+        return unsigned(*std::max_element(s.begin(), s.end()));
     };
-    for (const auto& table : tables) {
-        for (size_t g = 0; g < table.groups.size(); ++g) {
-            const auto& group = table.groups[g];
-            const unsigned end = g + 1 < table.groups.size() ? table.groups[g + 1][0] : table.count;
-            std::string previous;
-            for (unsigned value = group[0]; value < end; ++value) {
-                SCOPED_TRACE(std::string(table.outside ? "outside " : "inside ") +
-                             std::to_string(value));
-                const unsigned char* w = table.rows[value];
-                const unsigned char odd[4] = {w[0], w[2], w[4], w[6]};
-                const unsigned char even[4] = {w[1], w[3], w[5], w[7]};
-                ASSERT_EQ(std::accumulate(w, w + 8, 0u), table.modules);
-                ASSERT_EQ(std::accumulate(odd, odd + 4, 0u), group[1]);
-                ASSERT_LE(*std::max_element(odd, odd + 4), group[2]);
-                ASSERT_LE(*std::max_element(even, even + 4), group[3]);
-                ASSERT_GE(*std::min_element(odd, odd + 4), 1);
-                ASSERT_GE(*std::min_element(even, even + 4), 1);
-                const unsigned char* narrowSet = table.outside ? even : odd;
-                ASSERT_EQ(*std::min_element(narrowSet, narrowSet + 4), 1);
-                // Outside characters count the even set fastest, inside ones the odd set.
-                const std::string key =
-                    table.outside ? std::string(odd, odd + 4) + std::string(even, even + 4)
-                                  : std::string(even, even + 4) + std::string(odd, odd + 4);
-                ASSERT_LT(previous, key);
-                previous = key;
+    for (size_t g = 0; g + 1 < groups.size(); ++g) {
+        std::string previous;
+        for (unsigned value = groups[g][0]; value < groups[g + 1][0]; ++value) {
+            std::string odd;
+            std::string even;
+            for (int i = 0; i < 8; i += 2) {
+                odd += static_cast<char>(rows[value][i]);
+                even += static_cast<char>(rows[value][i + 1]);
             }
+            const std::string& needsNarrow = outside ? even : odd;
+            // Outside characters count the even set fastest, inside ones the odd set.
+            const std::string key = outside ? odd + even : even + odd;
+            ASSERT_TRUE(sum(odd) == groups[g][1] && sum(odd) + sum(even) == (outside ? 16u : 15u) &&
+                        widest(odd) <= groups[g][2] && widest(even) <= groups[g][3] &&
+                        key.find('\0') == std::string::npos &&
+                        needsNarrow.find('\1') != std::string::npos && previous < key)
+                << (outside ? "outside " : "inside ") << value;
+            previous = key;
         }
     }
+}
+
+TEST(RSS14, PatternTables) {
+    // first value of each group, odd modules, widest odd and widest even element; the end
+    checkPatterns(
+        StrategyRSS14::g_auOutsidePatterns,
+        {{0, 12, 8, 1}, {161, 10, 6, 3}, {961, 8, 4, 5}, {2015, 6, 3, 6}, {2715, 4, 1, 8}, {2841}},
+        true);
+    checkPatterns(StrategyRSS14::g_auInsidePatterns,
+                  {{0, 5, 2, 7}, {336, 7, 4, 5}, {1036, 9, 6, 3}, {1516, 11, 8, 1}, {1597}}, false);
 }
 
 // The values of the round trips: the ends of the number range, the check sums at both sides of
