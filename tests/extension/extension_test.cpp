@@ -190,6 +190,27 @@ TEST_F(ExtensionTest, EveryPropertyByItsNamesAndKind) {
     EXPECT_TRUE(session.host().errors.empty());
 }
 
+// The reference for host developers names every property and method in both languages.
+TEST_F(ExtensionTest, ReferenceNamesEveryPropertyAndMethod) {
+    std::ifstream file(std::string(std::getenv("VELKO_SOURCE_DIR")) + "/docs/properties.md");
+    const std::string reference((std::istreambuf_iterator<char>(file)),
+                                std::istreambuf_iterator<char>());
+    ASSERT_FALSE(reference.empty());
+    const auto named = [&](const unsigned short* name) {
+        const std::string text = VelkoHost::toUtf8(VelkoHost::fromHostString(name));
+        session.memory().release(name);
+        return reference.find("`" + text + "`") != std::string::npos ? "" : text;
+    };
+    for (long alias = 0; alias < 2; ++alias) {
+        for (long index = 0; index < object().GetNProps(); ++index) {
+            EXPECT_EQ(named(object().GetPropName(index, alias)), "");
+        }
+        for (long index = 0; index < object().GetNMethods(); ++index) {
+            EXPECT_EQ(named(object().GetMethodName(index, alias)), "");
+        }
+    }
+}
+
 TEST_F(ExtensionTest, ReadsDefaultsWithTheirTags) {
     EXPECT_EQ(session.get("Font"), Value(std::string("default")));
     EXPECT_EQ(session.get("FontSize"), Value(10));
