@@ -6,6 +6,7 @@
 #include "BarcodeLib/strategy_code39.h"
 #include "BarcodeLib/strategy_code39_ext.h"
 #include "BarcodeLib/strategy_code93.h"
+#include "BarcodeLib/strategy_ean128.h"
 #include "BarcodeLib/strategy_ean13.h"
 #include "BarcodeLib/strategy_ean13_addon2.h"
 #include "BarcodeLib/strategy_ean13_addon5.h"
@@ -27,7 +28,7 @@ using T = CodeType;
 constexpr CodeTypeRow g_codeTypes[kCodeTypeCount] = {
     {T::EAN8, "ean8", &makeStrategy<StrategyEAN8>, 0, S::None, false, true, 150, 100},
     {T::EAN13, "ean13", &makeStrategy<StrategyEAN13>, 0, S::None, false, true, 150, 100},
-    {T::EAN128, "ean128", nullptr, 0, S::None, true, true, 150, 100},
+    {T::EAN128, "ean128", &makeStrategy<StrategyEAN128>, 0, S::None, true, true, 260, 100},
     {T::Code39, "code39", &makeStrategy<StrategyCode39>, 0, S::None, false, true, 150, 100},
     {T::Code128, "code128", &makeStrategy<StrategyCode128>, 0, S::None, false, true, 150, 100},
     {T::Code16K, "code16k", &makeStrategy<StrategyCode16k>, 0, S::None, false, true, 250, 90},
