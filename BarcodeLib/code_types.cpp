@@ -6,6 +6,7 @@
 #include "BarcodeLib/strategy_code39.h"
 #include "BarcodeLib/strategy_code39_ext.h"
 #include "BarcodeLib/strategy_code93.h"
+#include "BarcodeLib/strategy_data_matrix.h"
 #include "BarcodeLib/strategy_ean128.h"
 #include "BarcodeLib/strategy_ean13.h"
 #include "BarcodeLib/strategy_ean13_addon2.h"
@@ -50,13 +51,20 @@ constexpr CodeTypeRow g_codeTypes[kCodeTypeCount] = {
     {T::QR, "qr", &makeStrategy<StrategyQR>, 0, S::QRErrorCorrectionLevel, false, false, 150, 150},
     {T::GS1DatabarExpandedStacked, "gs1databar", nullptr, 0, S::GS1DatabarRowCount, true, false,
      150, 100},
-    {T::DataMatrix0, "datamatrix0", nullptr, 0, S::None, false, false, 150, 150},
-    {T::DataMatrix1, "datamatrix1", nullptr, 1, S::None, false, false, 150, 150},
-    {T::DataMatrix2, "datamatrix2", nullptr, 2, S::None, false, false, 150, 150},
-    {T::DataMatrix3, "datamatrix3", nullptr, 3, S::None, false, false, 150, 150},
-    {T::DataMatrix4, "datamatrix4", nullptr, 4, S::None, false, false, 150, 150},
-    {T::DataMatrix5, "datamatrix5", nullptr, 5, S::None, false, false, 150, 150},
-    {T::DataMatrix6, "datamatrix6", nullptr, 6, S::None, true, false, 150, 150},
+    {T::DataMatrix0, "datamatrix0", &makeStrategy<StrategyDataMatrix>, 0, S::None, false, false,
+     150, 150},
+    {T::DataMatrix1, "datamatrix1", &makeStrategy<StrategyDataMatrix>, 1, S::None, false, false,
+     150, 150},
+    {T::DataMatrix2, "datamatrix2", &makeStrategy<StrategyDataMatrix>, 2, S::None, false, false,
+     150, 150},
+    {T::DataMatrix3, "datamatrix3", &makeStrategy<StrategyDataMatrix>, 3, S::None, false, false,
+     150, 150},
+    {T::DataMatrix4, "datamatrix4", &makeStrategy<StrategyDataMatrix>, 4, S::None, false, false,
+     150, 150},
+    {T::DataMatrix5, "datamatrix5", &makeStrategy<StrategyDataMatrix>, 5, S::None, false, false,
+     150, 150},
+    {T::DataMatrix6, "datamatrix6", &makeStrategy<StrategyDataMatrix>, 6, S::None, true, false, 150,
+     150},
 };
 
 namespace {

@@ -1,0 +1,269 @@
+#include <gtest/gtest.h>
+
+#include <dmtx.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <ZXing/ReadBarcode.h>
+
+#include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/code_types.h"
+#include "host/text_forms.h"
+#include "tests/support/scan_harness.h"
+
+using namespace BarcodeVelko;
+using VelkoTest::Picture;
+
+namespace {
+
+const unsigned kFirstType = 18;
+const unsigned kX12Type = 22;
+const unsigned kGS1Type = 24;
+const unsigned kLargestSide = 144;
+
+struct Box {
+    unsigned left, top, width, height;
+};
+
+// The dark pixels' bounding box; width 0 if there are none.
+Box darkBox(const Picture& picture) {
+    unsigned left = picture.width, right = 0, top = picture.height, bottom = 0;
+    for (unsigned y = 0; y < picture.height; ++y) {
+        for (unsigned x = 0; x < picture.width; ++x) {
+            if ((picture.pixel(x, y) & 0xFFFFFF) == 0) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = std::max(bottom, y);
+            }
+        }
+    }
+    return left > right ? Box{0, 0, 0, 0} : Box{left, top, right + 1 - left, bottom + 1 - top};
+}
+
+// The symbol has no quiet zone of its own and may fill its picture; printed, the label around
+// it gives it one. zxing-cpp 1.4 also looks for a Data Matrix from the middle of the picture
+// out and misses one at the top of a tall picture, so the readers get the symbol's own box in a
+// white margin.
+Picture onLabel(const Picture& picture) {
+    const Box box = darkBox(picture);
+    const unsigned margin = std::max(box.width, box.height) / 8 + 4;
+    Picture label;
+    label.width = box.width + 2 * margin;
+    label.height = box.height + 2 * margin;
+    label.rgba.assign(static_cast<size_t>(label.width) * label.height * 4, 0xFF);
+    for (unsigned y = 0; y < box.height; ++y) {
+        std::copy_n(
+            &picture.rgba[(static_cast<size_t>(y + box.top) * picture.width + box.left) * 4],
+            box.width * 4,
+            &label.rgba[(static_cast<size_t>(y + margin) * label.width + margin) * 4]);
+    }
+    return label;
+}
+
+// What zxing-cpp reads: the bytes in the symbol, a separator as byte 29, and the symbology
+// identifier.
+struct Reading {
+    std::string bytes, symbology;
+};
+
+Reading readDataMatrix(const Picture& drawn) {
+    Picture picture = onLabel(drawn);
+    const ZXing::ImageView view(picture.rgba.data(), static_cast<int>(picture.width),
+                                static_cast<int>(picture.height), ZXing::ImageFormat::RGBX);
+    ZXing::DecodeHints hints;
+    hints.setFormats(ZXing::BarcodeFormat::DataMatrix).setTryRotate(true);
+    const ZXing::Result result = ZXing::ReadBarcode(view, hints);
+    if (!result.isValid()) {
+        return {};
+    }
+    return {std::string(result.bytes().begin(), result.bytes().end()),
+            result.symbologyIdentifier()};
+}
+
+// zxing-cpp 1.4 expects the error correction of the 144 x 144 size in another order than
+// libdmtx writes it, so that size is read back with libdmtx's own reader.
+std::string readWithLibdmtx(const Picture& drawn) {
+    Picture picture = onLabel(drawn);
+    DmtxImage* image = dmtxImageCreate(picture.rgba.data(), static_cast<int>(picture.width),
+                                       static_cast<int>(picture.height), DmtxPack32bppRGBX);
+    DmtxDecode* decode = dmtxDecodeCreate(image, 1);
+    DmtxRegion* region = dmtxRegionFindNext(decode, nullptr);
+    DmtxMessage* message = region ? dmtxDecodeMatrixRegion(decode, region, DmtxUndefined) : nullptr;
+    std::string bytes;
+    if (message) {
+        bytes.assign(reinterpret_cast<const char*>(message->output), message->outputIdx);
+        dmtxMessageDestroy(&message);
+    }
+    dmtxRegionDestroy(&region);
+    dmtxDecodeDestroy(&decode);
+    dmtxImageDestroy(&image);
+    return bytes;
+}
+
+std::string readBack(const Picture& picture, unsigned side) {
+    return side == kLargestSide ? readWithLibdmtx(picture) : readDataMatrix(picture).bytes;
+}
+
+std::wstring repeat(const wchar_t* alphabet, size_t length) {
+    const std::wstring letters(alphabet);
+    std::wstring text;
+    for (size_t i = 0; i < length; ++i) {
+        text += letters[i % letters.size()];
+    }
+    return text;
+}
+
+// Room for the largest symbol at two pixels a module, centred.
+Picture drawCentred(BarcodeFacade2& facade, unsigned type, const std::wstring& value) {
+    VelkoTest::setUp(facade, type, 2 * kLargestSide + 24, 2 * kLargestSide + 24);
+    facade.setBarVerticalAlign(2);
+    facade.setCodeValue(value.c_str());
+    return VelkoTest::render(facade);
+}
+
+void expectErrorPicture(BarcodeFacade2& facade, const Picture& picture) {
+    EXPECT_EQ(facade.getLastError().code(), 3);
+    EXPECT_EQ(picture.width, 200u);
+    EXPECT_EQ(picture.height, 100u);
+}
+
+}  // namespace
+
+// From one character up to the most that the largest square size holds, in each alphabet that
+// the scheme takes; one character more, or one the scheme lacks, gives the error picture.
+TEST(DataMatrixScan, EveryTypeReadsBackUpToItsLargestSize) {
+    const wchar_t* const kDigits = L"0123456789";
+    const wchar_t* const kUpper = L"ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    const wchar_t* const kLower = L"abcdefghijklmnopqrstuvwxyz";
+    const wchar_t* const kMixed = L"Ab1 x-Z9.q";
+    const wchar_t* const kUtf8 = L"\u00e9\u00e0\u041f\u20ac";
+    const struct {
+        unsigned type;
+        std::vector<const wchar_t*> alphabets;
+        const wchar_t* fill;  // fills the largest size ...
+        size_t most;          // ... with this many characters
+        std::vector<const wchar_t*> refused;
+    } cases[] = {
+        {18, {kDigits, kUpper, kLower, kMixed, kUtf8}, kDigits, 3116, {L""}},
+        {19, {kDigits, kUpper, kLower, kMixed, kUtf8}, kLower, 1556, {}},
+        {20, {kDigits, kUpper, kLower, kMixed, kUtf8}, kLower, 2335, {}},
+        {21, {kDigits, kUpper, kLower, kMixed, kUtf8}, kUpper, 2335, {}},
+        {22, {kDigits, kUpper, L"AB1 *>Z9"}, kUpper, 2335, {L"Lower case", L"\u041f\u0440\u0438"}},
+        {23,
+         {kDigits, kUpper, L"AB1 ?-Z9.Q@^"},
+         kUpper,
+         2076,
+         {L"lower case", L"\u00e9\u00e9\u00e9"}},
+    };
+    for (const auto& c : cases) {
+        for (const wchar_t* alphabet : c.alphabets) {
+            for (size_t length :
+                 {size_t{1}, size_t{2}, size_t{3}, size_t{7}, size_t{45}, size_t{150}}) {
+                const std::wstring value = repeat(alphabet, length);
+                BarcodeFacade2 facade;
+                const Picture picture = drawCentred(facade, c.type, value);
+                ASSERT_EQ(facade.getLastError().code(), 0) << c.type << " " << wstr2str(value);
+                EXPECT_EQ(readBack(picture, facade.getCodeMinWidth()), wstr2str(value)) << c.type;
+            }
+        }
+        for (const size_t length : {c.most / 2, c.most, c.most + 1}) {
+            const std::wstring value = repeat(c.fill, length);
+            SCOPED_TRACE(std::to_string(c.type) + ": " + std::to_string(length));
+            BarcodeFacade2 facade;
+            const Picture picture = drawCentred(facade, c.type, value);
+            if (length > c.most) {
+                expectErrorPicture(facade, picture);
+                continue;
+            }
+            EXPECT_EQ(facade.getCodeMinWidth() == kLargestSide, length == c.most);
+            EXPECT_EQ(readBack(picture, facade.getCodeMinWidth()), wstr2str(value));
+        }
+        for (const wchar_t* value : c.refused) {
+            BarcodeFacade2 facade;
+            expectErrorPicture(facade, drawCentred(facade, c.type, value));
+        }
+    }
+}
+
+// FNC1 first makes the reader name the symbol GS1; a separator ends each variable-length
+// element that something follows, and nothing else.
+TEST(DataMatrixScan, GS1ElementStringsReadWithTheirSeparators) {
+    const struct {
+        unsigned type;
+        const wchar_t* value;
+        const char* symbology;
+        const char* bytes;
+    } cases[] = {
+        {24, L"(01)04600822901507(11)161109(30)2434", "]d2", "010460082290150711161109302434"},
+        {24, L"(10)ABC(21)123", "]d2",
+         "10ABC\x1d"
+         "21123"},
+        {24, L"(30)1(10)A", "]d2",
+         "301\x1d"
+         "10A"},
+        {24, L"(8001)12345678901234(10)A", "]d2",
+         "800112345678901234\x1d"
+         "10A"},
+        {24, L"(01)04600822901507(10)LOT 7(17)261231(21)S-42", "]d2",
+         "010460082290150710LOT 7\x1d"
+         "1726123121S-42"},
+        {24, L"{FMC1}0104600822901507", "]d2", "0104600822901507"},
+        {18, L"(10)ABC(21)123", "]d1", "(10)ABC(21)123"},
+    };
+    for (const auto& c : cases) {
+        BarcodeFacade2 facade;
+        const Reading reading = readDataMatrix(drawCentred(facade, c.type, c.value));
+        EXPECT_EQ(facade.getLastError().code(), 0);
+        EXPECT_EQ(reading.symbology, c.symbology) << wstr2str(c.value);
+        EXPECT_EQ(reading.bytes, c.bytes);
+    }
+}
+
+// Square modules in a picture of any shape and any aspect ratio: the largest whole scale that
+// fits, the symbol at the top and centred across; every rotation reads.
+TEST(DataMatrixScan, ModulesAreSquareWhateverTheShape) {
+    const struct {
+        const wchar_t* aspect;
+        unsigned width, height, rotation, scale;
+    } cases[] = {
+        {L"1:1", 150, 150, 0, 9},   {L"1:4", 150, 150, 90, 9}, {L"4:1", 300, 100, 180, 6},
+        {L"1:4", 100, 300, 270, 6}, {L"3:2", 64, 200, 0, 4},   {L"0:0", 40, 33, 90, 2},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::to_string(c.width) + " x " + std::to_string(c.height) + " at " +
+                     std::to_string(c.rotation));
+        BarcodeFacade2 facade;
+        VelkoTest::setUp(facade, kFirstType, c.width, c.height, c.rotation);
+        facade.setAspectRatio(c.aspect);
+        facade.setCodeValue(L"123456789012345678");  // 16 x 16
+        const Picture picture = VelkoTest::render(facade);
+        ASSERT_EQ(facade.getLastError().code(), 0);
+        const Box box = darkBox(picture);
+        EXPECT_EQ(picture.width, c.width);
+        EXPECT_EQ(box.width, 16 * c.scale);
+        EXPECT_EQ(box.height, 16 * c.scale);
+        EXPECT_EQ(readDataMatrix(picture).bytes, "123456789012345678");
+    }
+}
+
+// What the host shows before any value is set, at the size of the type's row. The types share
+// one demo value, and X12 has no '<': type 22 shows the error picture instead.
+TEST(DataMatrixScan, DemoValuesAtTheirDemoSize) {
+    for (unsigned type = kFirstType; type <= kGS1Type; ++type) {
+        const CodeTypeRow& row = g_codeTypes[type];
+        BarcodeFacade2 facade;
+        VelkoTest::setUp(facade, type, row.demoWidth, row.demoHeight);
+        const std::string demo = wstr2str(facade.getCodeValue());
+        const Picture picture = VelkoTest::render(facade);
+        if (type == kX12Type) {
+            expectErrorPicture(facade, picture);
+            continue;
+        }
+        EXPECT_EQ(facade.getLastError().code(), 0) << type;
+        EXPECT_EQ(readDataMatrix(picture).bytes,
+                  type == kGS1Type ? "010460082290150711161109302434" : demo);
+    }
+}

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/strategy_data_matrix.h"
+#include "BarcodeLib/visitor_data_matrix.h"
+#include "tests/support/tree_checks.h"
+
+using namespace BarcodeVelko;
+
+namespace {
+
+// The symbol as lines of '1' dark and '0' light, top first; empty if refused. A stale codeText
+// must come back empty either way.
+std::vector<std::string> matrixOf(StrategyDataMatrix& strategy, const std::wstring& text) {
+    AbstractBarcodeElement* element = nullptr;
+    std::wstring codeText = L"stale text";
+    const bool ok = strategy.generate(text.c_str(), &element, 0, 0, true, 150, 150, 1, 0, codeText);
+    const std::unique_ptr<AbstractBarcodeElement> root(element);
+    EXPECT_TRUE(codeText.empty());
+    EXPECT_EQ(ok, root != nullptr);
+    std::vector<std::string> lines;
+    if (!root) {
+        return lines;
+    }
+    const auto leaves = VelkoTest::leavesOf(root.get());
+    for (const VelkoTest::Leaf& leaf : leaves) {
+        EXPECT_TRUE(leaf.kind != 'T' && !leaf.control && !leaf.last && leaf.customData == 0);
+    }
+    const std::string all = VelkoTest::modules(leaves, [](const VelkoTest::Leaf&) { return true; });
+    const size_t side = root->getMinWidth();
+    EXPECT_EQ(root->getMinHeight(), side);
+    for (size_t at = 0; at < all.size(); at += side) {
+        lines.push_back(all.substr(at, side));
+    }
+    EXPECT_EQ(lines.size(), side);
+    return lines;
+}
+
+std::vector<std::string> matrixOf(int scheme, const std::wstring& text) {
+    StrategyDataMatrix strategy(scheme);
+    return matrixOf(strategy, text);
+}
+
+// Solid left and bottom edges; top and right edges alternate, dark at the top left and the
+// bottom right.
+bool hasFinder(const std::vector<std::string>& m) {
+    const size_t n = m.size();
+    for (size_t i = 0; i < n; ++i) {
+        if (m[i][0] != '1' || m[n - 1][i] != '1' || m[0][i] != "10"[i % 2] ||
+            m[i][n - 1] != "10"[(n - 1 - i) % 2]) {
+            return false;
+        }
+    }
+    return n > 0;
+}
+
+}  // namespace
+
+TEST(StrategyDataMatrix, TreeIsTheSymbolTopRowFirst) {
+    const struct {
+        int scheme;
+        const wchar_t* text;
+        size_t side;
+    } cases[] = {
+        {0, L"A", 10},
+        {0, L"30Q324343430794<OQQ", 16},
+        {1, L"30Q324343430794<OQQ", 20},
+        {4, L"HELLO WORLD 123", 16},
+        {6, L"(01)04600822901507(11)161109(30)2434", 18},
+    };
+    for (const auto& c : cases) {
+        const std::vector<std::string> m = matrixOf(c.scheme, c.text);
+        EXPECT_EQ(m.size(), c.side) << c.scheme;
+        EXPECT_TRUE(hasFinder(m)) << c.scheme << testing::PrintToString(m);
+    }
+}
+
+TEST(StrategyDataMatrix, EachSchemeGivesItsOwnSymbol) {
+    for (const wchar_t* text : {L"HELLO WORLD 12345", L"ABCDEFGH"}) {
+        std::vector<std::vector<std::string>> seen;
+        for (int scheme = 0; scheme < 6; ++scheme) {
+            seen.push_back(matrixOf(scheme, text));
+            ASSERT_FALSE(seen.back().empty()) << scheme;
+            for (int other = 0; other < scheme; ++other) {
+                EXPECT_NE(seen[other], seen.back()) << "schemes " << other << ", " << scheme;
+            }
+        }
+    }
+}
+
+// The facade makes a strategy per trial; one used again must still draw each text, refused
+// ones between them included, and leak nothing.
+TEST(StrategyDataMatrix, OneObjectEncodesAgain) {
+    for (int scheme = 0; scheme < StrategyDataMatrix::kSchemeCount; ++scheme) {
+        StrategyDataMatrix strategy(scheme);
+        for (const wchar_t* text : {strategy.getDemoValue(), L"lower case", L"", L"12345"}) {
+            EXPECT_EQ(matrixOf(strategy, text), matrixOf(scheme, text)) << scheme;
+        }
+    }
+}
+
+// 232 is FNC1 only in the GS1 scheme; a raw form passes text2gs1raw unchanged and its markers
+// make the same symbol as the bracketed form.
+TEST(StrategyDataMatrix, GS1SchemeWritesMarkersAsFnc1AndSeparator) {
+    EXPECT_EQ(matrixOf(6, L"(10)ABC(21)123"), matrixOf(6, L"{FMC1}10ABC{GS1}21123"));
+    EXPECT_NE(matrixOf(6, L"(10)ABC(21)123"), matrixOf(0, L"{FMC1}10ABC{GS1}21123"));
+    EXPECT_NE(matrixOf(6, L"\u8a9e"), matrixOf(0, L"\u8a9e"));  // E8 AA 9E in UTF-8
+    EXPECT_TRUE(matrixOf(6, L"   ").empty());
+    std::wstring check = L"old";
+    StrategyDataMatrix strategy(6);
+    EXPECT_TRUE(strategy.checkRaw(L"") && strategy.calcCheckSymbol(L"(99", check) && check.empty());
+}
+
+TEST(StrategyDataMatrix, BrokenCallsThrow) {
+    EXPECT_EQ(VelkoTest::thrownCode([] { StrategyDataMatrix bad(-1); }), 0x8000FFFFu);
+    EXPECT_EQ(VelkoTest::thrownCode([] { StrategyDataMatrix bad(7); }), 0x8000FFFFu);
+    StrategyDataMatrix strategy(3);
+    EXPECT_THROW(strategy.setScheme(7), BarcodeException::Unexpected);
+    EXPECT_EQ(strategy.scheme(), 3);
+    std::wstring text;
+    AbstractBarcodeElement* root = nullptr;
+    EXPECT_THROW(strategy.generate(L"x", nullptr, 0, 0, true, 9, 9, 1, 0, text),
+                 BarcodeException::Unexpected);
+    EXPECT_THROW(strategy.generate(nullptr, &root, 0, 0, true, 9, 9, 1, 0, text),
+                 BarcodeException::Unexpected);
+    EXPECT_THROW(strategy.sizeVisitor(nullptr, 9, 9, 1, 30, 1, 1), BarcodeException::Unexpected);
+    VisitorDataMatrix visitor(100, 100, 10, 10);
+    EXPECT_THROW(visitor.visit(static_cast<BarcodeBar*>(nullptr)), BarcodeException::Unexpected);
+}
+
+// Whole pixels a module, the same both ways, the smaller fit; 1 where the canvas is too small.
+TEST(VisitorDataMatrix, ScaleIsTheSmallerWholeFit) {
+    const struct {
+        unsigned width, height, scale;
+    } cases[] = {
+        {100, 100, 10}, {100, 50, 5}, {50, 100, 5}, {109, 119, 10}, {5, 100, 1}, {100, 5, 1},
+    };
+    for (const auto& c : cases) {
+        StrategyDataMatrix strategy(0);
+        const auto root = VelkoTest::build(strategy, L"A");  // 10 x 10
+        VelkoTest::sizeTree(strategy, root.get(), c.width, c.height, 12);
+        for (const VelkoTest::Leaf& leaf : VelkoTest::leavesOf(root.get())) {
+            ASSERT_EQ(leaf.scaleX, c.scale) << c.width << " x " << c.height;
+            ASSERT_EQ(leaf.height, 1u);
+        }
+        EXPECT_EQ(root->getHeight(), 10 * c.scale);
+    }
+}
