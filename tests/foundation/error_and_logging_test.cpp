@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdio>
 #include <fstream>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -114,11 +113,12 @@ TEST(Trace, WritesPriorityTagAndTextToStandardError) {
     ::testing::internal::CaptureStderr();
     trace("value %d of %s", 3, "four");
     const std::string line = ::testing::internal::GetCapturedStderr();
-    // liblog's line (tag, priority letter, time, process, thread) where it is found, else ours.
-    const std::regex expected(
-        "BarcodeLib I \\d\\d-\\d\\d [\\d:]{8} +\\d+ +\\d+ value 3 of four\n"
-        "|4 BarcodeLib: value 3 of four\n");
-    EXPECT_TRUE(std::regex_match(line, expected)) << line;
+    // liblog puts the tag, the priority letter, time, process and thread in front; ours the
+    // priority and the tag.
+    const std::string text = "value 3 of four\n";
+    const bool byLiblog = line.rfind("BarcodeLib I ", 0) == 0 && line.size() > text.size() &&
+                          line.compare(line.size() - text.size(), text.size(), text) == 0;
+    EXPECT_TRUE(byLiblog || line == "4 BarcodeLib: " + text) << line;
 }
 
 }  // namespace

@@ -19,7 +19,8 @@ extern "C" __attribute__((visibility("default"))) const char* __asan_default_opt
     return "handle_segv=0:allow_user_segv_handler=1";
 }
 extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {
-    return "leak:libjvm.so\nleak:libjava.so\n";
+    // The VM's own heap, and the inflaters it keeps open on the class path's jar.
+    return "leak:libjvm.so\nleak:libjava.so\nleak:libzip.so\nleak:libz.so\n";
 }
 
 namespace {
