@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <string>
@@ -48,21 +50,6 @@ Codewords checkWordsByDivision(const Codewords& data, unsigned k) {
         check.push_back(static_cast<uint16_t>((p - rest[i]) % p));
     }
     return check;
-}
-
-// Data codewords from 900 up are latches: text, byte, numeric, byte in groups of six.
-Codewords latchesOf(const std::string& text) {
-    StrategyPDF417 strategy;
-    const StrategyPDF417::Bytes bytes(text.begin(), text.end());
-    Codewords codewords;
-    strategy.packMessage(bytes, 0, bytes.size(), codewords);
-    Codewords latches;
-    for (uint16_t codeword : codewords) {
-        if (codeword >= 900) {
-            latches.push_back(codeword);
-        }
-    }
-    return latches;
 }
 
 // The tree of text, its size from first and second; none if refused.
@@ -171,6 +158,8 @@ TEST(PDF417Compaction, SegmentsAndTheirLatches) {
         {del + "12", {901, 902}, 4},  // behind bytes 2 digits are worth a latch, 3 aren't
         {del + "123", {901, 901}, 6},
         {del + "1234", {901, 902}, 5},
+        {del + "abcd", {901, 901}, 7},  // behind bytes 4 letters stay bytes, 5 don't
+        {del + "abcde", {901, 900}, 6},
         {std::string(6, '\x01'), {924}, 6},
         {std::string(12, '\x01'), {924}, 11},
         {std::string(7, '\x01'), {901}, 7},
@@ -184,7 +173,10 @@ TEST(PDF417Compaction, SegmentsAndTheirLatches) {
         const StrategyPDF417::Bytes bytes(c.text.begin(), c.text.end());
         Codewords codewords;
         strategy.packMessage(bytes, 0, bytes.size(), codewords);
-        EXPECT_EQ(latchesOf(c.text), c.latches) << c.text;
+        Codewords latches;  // the data codewords from 900 up
+        std::copy_if(codewords.begin(), codewords.end(), std::back_inserter(latches),
+                     [](uint16_t codeword) { return codeword >= 900; });
+        EXPECT_EQ(latches, c.latches) << c.text;
         EXPECT_EQ(codewords.size(), c.codewords) << c.text;
     }
 }
