@@ -1,8 +1,9 @@
 #include "BarcodeLib/text_localizer.h"
 
-#include <clocale>
 #include <mutex>
+#include <string>
 
+#include "BarcodeLib/process_locale.h"
 #include "BarcodeLib/text_localizer_state_eng.h"
 #include "BarcodeLib/text_localizer_state_rus.h"
 
@@ -27,6 +28,18 @@ bool startsWithIgnoringCase(const char* text, const char* prefix) {
     return true;
 }
 
+// Never destroyed: an exception made on some thread while the process ends still finds its
+// texts.
+const AbstractTextLocalizerState* englishState() {
+    static const AbstractTextLocalizerState* const state = new TextLocalizerStateEng();
+    return state;
+}
+
+const AbstractTextLocalizerState* russianState() {
+    static const AbstractTextLocalizerState* const state = new TextLocalizerStateRus();
+    return state;
+}
+
 }  // namespace
 
 TextLocalizer::TextLocalizer(unsigned long lcid) {
@@ -35,18 +48,8 @@ TextLocalizer::TextLocalizer(unsigned long lcid) {
 
 bool TextLocalizer::setLCID(unsigned long lcid) {
     const bool english = (lcid & kPrimaryLanguageMask) == kLangEnglish;
-    // Every exception asks for the state; keeping it while the language stays the same means a
-    // state handed to one thread isn't deleted under it by another.
-    if (state && english == isEnglish) {
-        return true;
-    }
-    isEnglish = english;
-    if (english) {
-        state = std::make_unique<TextLocalizerStateEng>();
-    } else {
-        state = std::make_unique<TextLocalizerStateRus>();
-    }
-    return state != nullptr;
+    state = english ? englishState() : russianState();
+    return state.load() != nullptr;
 }
 
 unsigned long lcid_for_locale_name(const char* localeName) {
@@ -57,13 +60,16 @@ unsigned long lcid_for_locale_name(const char* localeName) {
 }
 
 unsigned long get_current_lcid() {
-    return lcid_for_locale_name(std::setlocale(LC_ALL, nullptr));
+    const std::string name = process_locale_name();
+    return lcid_for_locale_name(name.c_str());
 }
 
 const AbstractTextLocalizerState* get_localizer_state() {
     static TextLocalizer localizer(kLcidRussianDefault);
     static std::mutex mutex;
+    // The locale is read before the lock: the two locks are never held together.
+    const unsigned long lcid = get_current_lcid();
     const std::lock_guard<std::mutex> lock(mutex);
-    localizer.setLCID(get_current_lcid());
+    localizer.setLCID(lcid);
     return localizer.getState();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <atomic>
 
 #include "BarcodeLib/abstract_text_localizer_state.h"
 
@@ -11,12 +11,12 @@ public:
 
     // English for the primary language 9, Russian for any other.
     bool setLCID(unsigned long lcid);
-    // Valid until the next setLCID.
-    const AbstractTextLocalizerState* getState() const { return state.get(); }
+    // One of two states that live as long as the process: a pointer handed to one thread stays
+    // good whatever language another thread switches to afterwards.
+    const AbstractTextLocalizerState* getState() const { return state.load(); }
 
 private:
-    std::unique_ptr<AbstractTextLocalizerState> state;
-    bool isEnglish = false;
+    std::atomic<const AbstractTextLocalizerState*> state{nullptr};
 };
 
 // The identifier that a process locale of this name stands for: 0 (Russian) for names that
@@ -26,6 +26,6 @@ unsigned long lcid_for_locale_name(const char* localeName);
 // The identifier of the current process locale.
 unsigned long get_current_lcid();
 
-// The state of the process-wide localizer, switched to the current process locale first.
-// Good only until the next call, from any thread.
+// The state of the process-wide localizer, switched to the current process locale first. The
+// state lives as long as the process.
 const AbstractTextLocalizerState* get_localizer_state();
