@@ -94,11 +94,9 @@ void BarcodeCanvasMemoryImpl::drawBarImp(unsigned width, unsigned height, bool) 
         static_cast<unsigned>(std::min<unsigned long long>(device->width(), 0ULL + d->x + width));
     const auto bottom =
         static_cast<unsigned>(std::min<unsigned long long>(device->height(), 0ULL + d->y + height));
-    const unsigned value = d->barColor.value();
-    for (unsigned py = d->y; py < bottom; ++py) {
-        for (unsigned px = d->x; px < right; ++px) {
-            device->setPixel(static_cast<int>(px), static_cast<int>(py), value);
-        }
+    if (right > d->x && bottom > d->y) {
+        device->fillRect(static_cast<int>(d->x), static_cast<int>(d->y), right - d->x,
+                         bottom - d->y, d->barColor.value());
     }
     d->x = right;
     d->y = bottom;

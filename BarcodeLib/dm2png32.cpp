@@ -2,7 +2,13 @@
 
 #include <lodepng.h>
 
+#include <cstdlib>
 #include <cstring>
+#include <memory>
+
+#ifdef VELKO_HAVE_LIBDEFLATE
+#include <libdeflate.h>
+#endif
 
 namespace BarcodeVelko {
 
@@ -35,45 +41,105 @@ struct Palette {
     unsigned bitDepth() const { return size <= 2 ? 1 : size <= 4 ? 2 : size <= 16 ? 4 : 8; }
 };
 
-// A barcode has a handful of colours: as palette indices of a few bits, the PNG step has a
-// fraction of the bytes to filter and compress. False for a picture with too many colours.
-bool toIndices(const unsigned char* pixels, unsigned width, unsigned height, Palette& palette,
-               std::vector<unsigned char>& indices) {
-    const size_t count = static_cast<size_t>(width) * height;
-    std::vector<unsigned char> plain(count);
+// The palette of the picture; false when it has more colours than a palette holds. Pixels
+// come in runs of one colour, so only a change of colour is looked up.
+bool findPalette(const unsigned char* pixels, size_t count, Palette& palette) {
     unsigned previous = 0;
-    int previousIndex = -1;
+    bool started = false;
     for (size_t i = 0; i < count; ++i) {
         unsigned color;
         std::memcpy(&color, pixels + 4 * i, 4);
-        if (previousIndex < 0 || color != previous) {
-            previousIndex = palette.indexOf(color);
-            if (previousIndex < 0) {
+        if (!started || color != previous) {
+            if (palette.indexOf(color) < 0) {
                 return false;
             }
             previous = color;
+            started = true;
         }
-        plain[i] = static_cast<unsigned char>(previousIndex);
-    }
-    // LodePNG takes indices below 8 bits packed from the high bit, rows running on unpadded.
-    const unsigned depth = palette.bitDepth();
-    if (depth == 8) {
-        indices.swap(plain);
-        return true;
-    }
-    const unsigned perByte = 8 / depth;
-    indices.assign((count + perByte - 1) / perByte, 0);
-    for (size_t i = 0; i < count; ++i) {
-        const unsigned shift = 8 - depth * (1 + static_cast<unsigned>(i % perByte));
-        indices[i / perByte] |= static_cast<unsigned char>(plain[i] << shift);
     }
     return true;
 }
+
+// The indices, bitDepth bits each, packed from the high bit as LodePNG takes them: rows run on
+// without padding.
+std::vector<unsigned char> packIndices(const unsigned char* pixels, size_t count,
+                                       Palette& palette) {
+    const unsigned depth = palette.bitDepth();
+    std::vector<unsigned char> packed((count * depth + 7) / 8);
+    unsigned char* out = packed.data();
+    unsigned previous = 0;
+    unsigned index = 0;
+    unsigned accumulated = 0;
+    unsigned bits = 0;
+    for (size_t i = 0; i < count; ++i) {
+        unsigned color;
+        std::memcpy(&color, pixels + 4 * i, 4);
+        if (i == 0 || color != previous) {
+            index = static_cast<unsigned>(palette.indexOf(color));
+            previous = color;
+        }
+        accumulated = (accumulated << depth) | index;
+        bits += depth;
+        if (bits == 8) {
+            *out++ = static_cast<unsigned char>(accumulated);
+            accumulated = 0;
+            bits = 0;
+        }
+    }
+    if (bits != 0) {
+        *out = static_cast<unsigned char>(accumulated << (8 - bits));
+    }
+    return packed;
+}
+
+#ifdef VELKO_HAVE_LIBDEFLATE
+// libdeflate at this level gives PNGs no larger than LodePNG's own deflate on our pictures, in
+// a fraction of its time. The compressor is kept per thread: making one costs more than a
+// barcode's compression.
+constexpr int kDeflateLevel = 6;
+
+struct CompressorDeleter {
+    void operator()(libdeflate_compressor* compressor) const {
+        libdeflate_free_compressor(compressor);
+    }
+};
+
+unsigned fastZlib(unsigned char** out, size_t* outSize, const unsigned char* in, size_t inSize,
+                  const LodePNGCompressSettings*) {
+    thread_local std::unique_ptr<libdeflate_compressor, CompressorDeleter> compressor(
+        libdeflate_alloc_compressor(kDeflateLevel));
+    if (!compressor) {
+        return 83;  // LodePNG's code for a failed allocation
+    }
+    const size_t bound = libdeflate_zlib_compress_bound(compressor.get(), inSize);
+    // LodePNG frees what it is given with free().
+    auto* buffer = static_cast<unsigned char*>(std::malloc(bound));
+    if (!buffer) {
+        return 83;
+    }
+    const size_t written = libdeflate_zlib_compress(compressor.get(), in, inSize, buffer, bound);
+    if (written == 0) {
+        std::free(buffer);
+        return 111;
+    }
+    *out = buffer;
+    *outSize = written;
+    return 0;
+}
+
+void useFastDeflate(LodePNGCompressSettings& settings) {
+    settings.custom_zlib = fastZlib;
+}
+#else
+// Without libdeflate (so on Android unless it is built for it) LodePNG deflates by itself.
+void useFastDeflate(LodePNGCompressSettings&) {}
+#endif
 
 unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
                        const std::vector<unsigned char>& indices, unsigned width, unsigned height) {
     lodepng::State state;
     state.encoder.auto_convert = 0;
+    useFastDeflate(state.encoder.zlibsettings);
     for (LodePNGColorMode* mode : {&state.info_raw, &state.info_png.color}) {
         mode->colortype = LCT_PALETTE;
         mode->bitdepth = palette.bitDepth();
@@ -94,11 +160,17 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
     std::vector<unsigned char> png;
     unsigned code = kNoInput;
     if (pixels || width == 0 || height == 0) {
+        const size_t count = static_cast<size_t>(width) * height;
         Palette palette;
-        std::vector<unsigned char> indices;
-        code = pixels && toIndices(pixels, width, height, palette, indices)
-                   ? encodePalette(png, palette, indices, width, height)
-                   : lodepng::encode(png, pixels, width, height, LCT_RGBA, 8);
+        if (pixels && findPalette(pixels, count, palette)) {
+            code = encodePalette(png, palette, packIndices(pixels, count, palette), width, height);
+        } else {
+            lodepng::State state;
+            state.info_raw.colortype = LCT_RGBA;
+            state.info_raw.bitdepth = 8;
+            useFastDeflate(state.encoder.zlibsettings);
+            code = lodepng::encode(png, pixels, width, height, state);
+        }
     }
     if (code != 0) {
         png.clear();

@@ -1,7 +1,56 @@
 #include "layer/graphics/p_abstract_paint_device.h"
 
+#include <algorithm>
+#include <cstring>
+
 std::unique_ptr<PAbstractPaintDevice> PAbstractPaintDevice::fragment(int, int, unsigned, unsigned) {
     return nullptr;
+}
+
+void PAbstractPaintDevice::fillRect(int x, int y, unsigned width, unsigned height,
+                                    unsigned int value) {
+    if (!clip(x, y, width, height, this->width(), this->height())) {
+        return;
+    }
+    for (unsigned row = 0; row < height; ++row) {
+        for (unsigned column = 0; column < width; ++column) {
+            setPixel(x + static_cast<int>(column), y + static_cast<int>(row), value);
+        }
+    }
+}
+
+bool PAbstractPaintDevice::clip(int& x, int& y, unsigned& width, unsigned& height,
+                                unsigned deviceWidth, unsigned deviceHeight) {
+    const long long left = std::max<long long>(x, 0);
+    const long long top = std::max<long long>(y, 0);
+    const long long right = std::min<long long>(0LL + x + width, deviceWidth);
+    const long long bottom = std::min<long long>(0LL + y + height, deviceHeight);
+    if (left >= right || top >= bottom) {
+        return false;
+    }
+    x = static_cast<int>(left);
+    y = static_cast<int>(top);
+    width = static_cast<unsigned>(right - left);
+    height = static_cast<unsigned>(bottom - top);
+    return true;
+}
+
+void PAbstractPaintDevice::fillRows(unsigned char* data, unsigned pitch, unsigned bytesPerPixel,
+                                    unsigned x, unsigned y, unsigned width, unsigned height,
+                                    unsigned int value) {
+    unsigned char* first =
+        data + static_cast<size_t>(y) * pitch + static_cast<size_t>(x) * bytesPerPixel;
+    const size_t span = static_cast<size_t>(width) * bytesPerPixel;
+    storePixel(first, bytesPerPixel, value);
+    // The span doubles itself: a few large copies instead of a store per pixel.
+    for (size_t filled = bytesPerPixel; filled < span;) {
+        const size_t copied = std::min(filled, span - filled);
+        std::memcpy(first + filled, first, copied);
+        filled += copied;
+    }
+    for (unsigned row = 1; row < height; ++row) {
+        std::memcpy(first + static_cast<size_t>(row) * pitch, first, span);
+    }
 }
 
 void PAbstractPaintDevice::storePixel(unsigned char* target, unsigned bytesPerPixel,

@@ -24,6 +24,9 @@ public:
     virtual void setPixel(int x, int y, unsigned int value) = 0;
     virtual unsigned int getPixel(int x, int y) const = 0;
     virtual void fill(unsigned int value) = 0;
+    // Every pixel of the rectangle that lies on the device gets the value. Devices that hold
+    // their pixels fill whole rows at a time; this one plots them.
+    virtual void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value);
     virtual unsigned char* pixelData() = 0;
     virtual const unsigned char* pixelData() const = 0;
     virtual PSize size() const { return PSize{width(), height()}; }
@@ -34,6 +37,14 @@ public:
     virtual unsigned pitch() const = 0;
 
 protected:
+    // The part of the rectangle on a device of deviceWidth x deviceHeight, in x, y, width and
+    // height; false when none of it is.
+    static bool clip(int& x, int& y, unsigned& width, unsigned& height, unsigned deviceWidth,
+                     unsigned deviceHeight);
+    // Fills a rectangle that lies inside rows of pitch bytes: the first row pixel by pixel, the
+    // others as copies of it.
+    static void fillRows(unsigned char* data, unsigned pitch, unsigned bytesPerPixel, unsigned x,
+                         unsigned y, unsigned width, unsigned height, unsigned int value);
     // The first bytesPerPixel bytes of a value, low byte first, and back.
     static void storePixel(unsigned char* target, unsigned bytesPerPixel, unsigned int value);
     static unsigned int loadPixel(const unsigned char* source, unsigned bytesPerPixel);

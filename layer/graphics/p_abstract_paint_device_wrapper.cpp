@@ -31,6 +31,13 @@ void PAbstractPaintDeviceWrapper::fill(unsigned int value) {
     }
 }
 
+void PAbstractPaintDeviceWrapper::fillRect(int x, int y, unsigned width, unsigned height,
+                                           unsigned int value) {
+    if (wrapped) {
+        wrapped->fillRect(x, y, width, height, value);
+    }
+}
+
 unsigned char* PAbstractPaintDeviceWrapper::pixelData() {
     return wrapped ? wrapped->pixelData() : nullptr;
 }

@@ -98,10 +98,17 @@ void PImage::fill(unsigned int value) {
     if (count == 0 || d->pixels.size() != count * d->bytesPerPixel) {
         return;
     }
-    unsigned char* pixel = pixelData();
-    for (unsigned long long i = 0; i < count; ++i, pixel += d->bytesPerPixel) {
-        storePixel(pixel, d->bytesPerPixel, value);
+    fillRows(pixelData(), d->pitch, d->bytesPerPixel, 0, 0, d->width, d->height, value);
+}
+
+void PImage::fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) {
+    const unsigned long long count = static_cast<unsigned long long>(d->width) * d->height;
+    if (count == 0 || d->pixels.size() != count * d->bytesPerPixel ||
+        !clip(x, y, width, height, d->width, d->height)) {
+        return;
     }
+    fillRows(pixelData(), d->pitch, d->bytesPerPixel, static_cast<unsigned>(x),
+             static_cast<unsigned>(y), width, height, value);
 }
 
 unsigned char* PImage::pixelData() {

@@ -35,6 +35,7 @@ public:
     void setPixel(int x, int y, unsigned int value) override;
     unsigned int getPixel(int x, int y) const override;
     void fill(unsigned int value) override;
+    void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     PByteArray data() const override;

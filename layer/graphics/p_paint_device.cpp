@@ -90,6 +90,21 @@ void PPaintDevice::fill(unsigned int value) {
     }
 }
 
+void PPaintDevice::fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) {
+    if (!clip(x, y, width, height, d->width, d->height)) {
+        return;
+    }
+    // The rows are filled in place only where the buffer is known to hold the whole rectangle.
+    const unsigned long long end = (static_cast<unsigned long long>(y) + height - 1) * d->pitch +
+                                   (static_cast<unsigned long long>(x) + width) * d->bytesPerPixel;
+    if (!d->buffer || end > d->size) {
+        PAbstractPaintDevice::fillRect(x, y, width, height, value);
+        return;
+    }
+    fillRows(d->buffer, d->pitch, d->bytesPerPixel, static_cast<unsigned>(x),
+             static_cast<unsigned>(y), width, height, value);
+}
+
 unsigned char* PPaintDevice::pixelData() {
     return d->buffer;
 }

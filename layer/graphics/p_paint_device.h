@@ -24,6 +24,7 @@ public:
     unsigned int getPixel(int x, int y) const override;
     // Writes the value as 4-byte pixels, width * height times from the start.
     void fill(unsigned int value) override;
+    void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     unsigned pitch() const override;

@@ -1,5 +1,6 @@
 #include "layer/graphics/p_paint_device_alias.h"
 
+#include <algorithm>
 #include <climits>
 
 struct PPaintDeviceAliasPrivate {
@@ -82,6 +83,37 @@ void PPaintDeviceAlias::fill(unsigned int value) {
     if (d->target) {
         d->target->fill(value);
     }
+}
+
+void PPaintDeviceAlias::fillRect(int x, int y, unsigned width, unsigned height,
+                                 unsigned int value) {
+    if (!d->target || width == 0 || height == 0) {
+        return;
+    }
+    const Transform<int>& t = d->transform;
+    const bool turnedBy90 = t.mapX(1, 0) == t.mapX(0, 0) && t.mapY(0, 1) == t.mapY(0, 0);
+    const bool upright = t.mapY(1, 0) == t.mapY(0, 0) && t.mapX(0, 1) == t.mapX(0, 0);
+    if (!turnedBy90 && !upright) {
+        PAbstractPaintDevice::fillRect(x, y, width, height, value);
+        return;
+    }
+    const long long right = 0LL + x + width - 1;
+    const long long bottom = 0LL + y + height - 1;
+    const long long x0 = t.mapX(x, y);
+    const long long y0 = t.mapY(x, y);
+    const long long x1 = t.wideMapX(right, bottom);
+    const long long y1 = t.wideMapY(right, bottom);
+    // What lies beyond the int range lies beyond every device.
+    const long long left = std::max<long long>(std::min(x0, x1), 0);
+    const long long top = std::max<long long>(std::min(y0, y1), 0);
+    const long long farRight = std::min<long long>(std::max(x0, x1), INT_MAX);
+    const long long farBottom = std::min<long long>(std::max(y0, y1), INT_MAX);
+    if (left > farRight || top > farBottom) {
+        return;
+    }
+    d->target->fillRect(static_cast<int>(left), static_cast<int>(top),
+                        static_cast<unsigned>(farRight - left + 1),
+                        static_cast<unsigned>(farBottom - top + 1), value);
 }
 
 unsigned char* PPaintDeviceAlias::pixelData() {

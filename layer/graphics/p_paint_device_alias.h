@@ -26,6 +26,8 @@ public:
     void setPixel(int x, int y, unsigned int value) override;
     unsigned int getPixel(int x, int y) const override;
     void fill(unsigned int value) override;
+    // A turn by a multiple of 90 degrees maps a rectangle onto a rectangle of the target.
+    void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     unsigned pitch() const override { return 0; }

@@ -18,6 +18,14 @@ public:
         return wide(x) * this->m[1] + wide(y) * this->m[4] + this->m[7];
     }
 
+    // The same for a point whose coordinates are already wide.
+    long long wideMapX(long long x, long long y) const {
+        return x * this->m[0] + y * this->m[3] + this->m[6];
+    }
+    long long wideMapY(long long x, long long y) const {
+        return x * this->m[1] + y * this->m[4] + this->m[7];
+    }
+
 private:
     static long long wide(T value) { return static_cast<long long>(value); }
 };

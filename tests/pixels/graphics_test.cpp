@@ -6,8 +6,10 @@
 
 #include "BarcodeLib/barcode_canvas_memory_impl.h"
 #include "layer/foundation/p_error.h"
+#include "layer/graphics/p_abstract_paint_device_wrapper.h"
 #include "layer/graphics/p_color.h"
 #include "layer/graphics/p_image.h"
+#include "layer/graphics/p_paint_device_alias.h"
 #include "layer/graphics/p_painter.h"
 #include "layer/graphics/p_rect.h"
 
@@ -95,6 +97,38 @@ TEST(PImageTest, CopiesShareUntilOneWrites) {
     EXPECT_EQ(original.getPixel(0, 0), kWhite);
     EXPECT_EQ(bytes.constData()[0], 0xFF);
     EXPECT_EQ(bytes.constData()[3], 0xFF);
+}
+
+// A filled rectangle covers exactly the pixels that plotting it would, on the picture itself
+// and through every turn of an alias, also where it hangs over an edge.
+TEST(PImageTest, FillRectCoversWhatPlottingCovers) {
+    const struct {
+        int x, y;
+        unsigned width, height;
+    } rects[] = {{2, 3, 5, 4}, {-3, -2, 6, 5}, {8, 1, 10, 3}, {0, 0, 12, 9}, {4, 4, 0, 3}};
+    const Transform<int> turns[] = {Transform<int>(1, 0, 0, 0, 1, 0, 0, 0, 1),
+                                    Transform<int>(0, 1, 0, -1, 0, 0, 8, 0, 1),
+                                    Transform<int>(-1, 0, 0, 0, -1, 0, 11, 8, 1)};
+    for (const auto& r : rects) {
+        for (const Transform<int>& turn : turns) {
+            PImage filled(12, 9, colorOf(kWhite));
+            PImage plotted(12, 9, colorOf(kWhite));
+            PAbstractPaintDeviceWrapper filledBase(&filled);
+            PAbstractPaintDeviceWrapper plottedBase(&plotted);
+            PPaintDeviceAlias filledAlias(&filledBase, 12, 9, false);
+            PPaintDeviceAlias plottedAlias(&plottedBase, 12, 9, false);
+            filledAlias.setTransfotm(turn);
+            plottedAlias.setTransfotm(turn);
+            filledAlias.fillRect(r.x, r.y, r.width, r.height, kBlack);
+            for (unsigned dy = 0; dy < r.height; ++dy) {
+                for (unsigned dx = 0; dx < r.width; ++dx) {
+                    plottedAlias.setPixel(r.x + static_cast<int>(dx), r.y + static_cast<int>(dy),
+                                          kBlack);
+                }
+            }
+            EXPECT_EQ(marks(filled, kWhite), marks(plotted, kWhite)) << r.x << "," << r.y;
+        }
+    }
 }
 
 TEST(PRectTest, Intersection) {
