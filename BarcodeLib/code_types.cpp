@@ -12,6 +12,7 @@
 #include "BarcodeLib/strategy_ean13_addon2.h"
 #include "BarcodeLib/strategy_ean13_addon5.h"
 #include "BarcodeLib/strategy_ean8.h"
+#include "BarcodeLib/strategy_gs1_databar_expanded_stacked.h"
 #include "BarcodeLib/strategy_interleaved2of5.h"
 #include "BarcodeLib/strategy_itf14.h"
 #include "BarcodeLib/strategy_pdf417.h"
@@ -49,8 +50,8 @@ constexpr CodeTypeRow g_codeTypes[kCodeTypeCount] = {
     {T::EAN13AddOn5, "ean13addon5", &makeStrategy<StrategyEAN13AddOn5>, 0, S::None, false, true,
      200, 100},
     {T::QR, "qr", &makeStrategy<StrategyQR>, 0, S::QRErrorCorrectionLevel, false, false, 150, 150},
-    {T::GS1DatabarExpandedStacked, "gs1databar", nullptr, 0, S::GS1DatabarRowCount, true, false,
-     150, 100},
+    {T::GS1DatabarExpandedStacked, "gs1databar", &makeStrategy<StrategyGS1DatabarExpandedStacked>,
+     0, S::GS1DatabarRowCount, true, false, 220, 100},
     {T::DataMatrix0, "datamatrix0", &makeStrategy<StrategyDataMatrix>, 0, S::None, false, false,
      150, 150},
     {T::DataMatrix1, "datamatrix1", &makeStrategy<StrategyDataMatrix>, 1, S::None, false, false,
