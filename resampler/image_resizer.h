@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+
+#include "resampler/filter_chain.h"
+#include "resampler/frac_filter_bank.h"
+
+// Scales 8-bit pictures of interleaved channels with a separable windowed-sinc filter chain:
+// every row, then every column, in float.
+//
+//     avir::CImageResizer resizer;
+//     std::vector<unsigned char> out(newWidth * newHeight * 4);
+//     resizer.resizeImage(logo, width, height, 0, out.data(), newWidth, newHeight, 4);
+namespace avir {
+
+// Rounds to the nearest integer and cuts to 0..255; at 8 bits no noise is added.
+class CImageResizerDithererDefINL {
+public:
+    static void dither(const float* values, unsigned char* bytes, size_t count);
+};
+
+class CImageResizer {
+public:
+    // The bit depth of source and result.
+    static constexpr int kBitDepth = 8;
+
+    explicit CImageResizer(const CImageResizerParams& params = CImageResizerParams());
+
+    // srcScanlineSize: bytes from one source row to the next, 0 for srcWidth * elCount. The
+    // target holds newWidth * newHeight * elCount bytes without gaps. Every channel is
+    // filtered on its own, alpha like the others. Enlarging a direction makes the first and
+    // last pixels of both coincide; shrinking it keeps the areas the same. A size of 0 on
+    // either side leaves the target as it is.
+    void resizeImage(const unsigned char* src, int srcWidth, int srcHeight, int srcScanlineSize,
+                     unsigned char* dst, int newWidth, int newHeight, int elCount) const;
+
+    const CImageResizerParams& params() const { return designParams; }
+    const CDSPFracFilterBankLin& fracBank() const { return bank; }
+
+private:
+    CImageResizerParams designParams;
+    CDSPFracFilterBankLin bank;
+};
+
+}  // namespace avir
