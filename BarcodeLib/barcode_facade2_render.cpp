@@ -11,6 +11,7 @@
 #include "BarcodeLib/barcode_canvas_memory_impl.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/logo_step.h"
 
 namespace BarcodeVelko {
 
@@ -57,6 +58,10 @@ PImage BarcodeFacade2::draw2mem() {
         lastError = placeTree(placement);
         if (lastError.code() == 0) {
             result = paintTree(placement);
+            if (codeType == static_cast<unsigned>(CodeType::QR)) {
+                stampLogo(result, logo, logoSizePercent, static_cast<int>(placement.x),
+                          static_cast<int>(placement.y), root->getWidth(), root->getHeight());
+            }
         }
     } catch (...) {
         lastError = PError(kGenerationError, PString(kGenerationErrorText));

@@ -6,6 +6,7 @@
 
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/logo_step.h"
 #include "host/text_forms.h"
 #include "layer/foundation/base64.h"
 #include "layer/foundation/p_byte_array.h"
@@ -45,16 +46,17 @@ Value fontName(const Source& source) {
     }
 }
 
-// A picture that doesn't decode is no error to the host: there is simply no logo.
+// A picture that doesn't decode is no error to the host: there is simply no logo. Neither is
+// one too large, which its header tells before any memory is set aside for it.
 void setLogo(BarcodeFacade2& facade, const Value& value) {
     const std::string bytes = base642Raw(wstr2str(std::get<std::wstring>(value)));
     std::vector<unsigned char> rgba;
     unsigned width = 0;
     unsigned height = 0;
-    if (bytes.empty() ||
-        lodepng::decode(rgba, width, height, reinterpret_cast<const unsigned char*>(bytes.data()),
-                        bytes.size(), LCT_RGBA, 8) != 0 ||
-        width == 0 || height == 0) {
+    const auto* png = reinterpret_cast<const unsigned char*>(bytes.data());
+    if (bytes.empty() || !BarcodeVelko::logoPngAcceptable(png, bytes.size()) ||
+        lodepng::decode(rgba, width, height, png, bytes.size(), LCT_RGBA, 8) != 0 || width == 0 ||
+        height == 0) {
         facade.setLogo(PImage());
         return;
     }

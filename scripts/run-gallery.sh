@@ -11,3 +11,5 @@ mkdir -p gallery
 "$tool" -o gallery/label_ean13.png -s Width=300 -s Height=150 -s FontSize=16 4006381333931
 "$tool" -o gallery/label_code128.png -t 4 -s Width=400 -s Height=120 "SHIP-2026/11/23 #42"
 "$tool" -o gallery/label_qr.png -t 16 -s Width=300 -s Height=300 "https://example.com/track/42"
+"$tool" -o gallery/label_qr_logo.png -t 16 -s Width=300 -s Height=300 -s QRErrorCorrectionLevel=3 \
+    -s LogoSizePercentFromBarcode=20 --logo data/demo_logo.png "https://example.com/track/42"
