@@ -41,49 +41,71 @@ struct Palette {
     unsigned bitDepth() const { return size <= 2 ? 1 : size <= 4 ? 2 : size <= 16 ? 4 : 8; }
 };
 
-// The palette of the picture; false when it has more colours than a palette holds. Pixels
-// come in runs of one colour, so only a change of colour is looked up.
-bool findPalette(const unsigned char* pixels, size_t count, Palette& palette) {
-    unsigned previous = 0;
-    bool started = false;
-    for (size_t i = 0; i < count; ++i) {
-        unsigned color;
-        std::memcpy(&color, pixels + 4 * i, 4);
-        if (!started || color != previous) {
-            if (palette.indexOf(color) < 0) {
+bool sameRow(const unsigned char* row, unsigned width, unsigned y) {
+    const size_t bytes = 4 * static_cast<size_t>(width);
+    return y > 0 && std::memcmp(row, row - bytes, bytes) == 0;
+}
+
+// The palette of the picture; false when it has more colours than a palette holds. A row like
+// the one above it, as most rows of a barcode are, brings no new colour; within a row only a
+// change of colour is looked up.
+bool findPalette(const unsigned char* pixels, unsigned width, unsigned height, Palette& palette) {
+    for (unsigned y = 0; y < height; ++y) {
+        const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
+        if (sameRow(row, width, y)) {
+            continue;
+        }
+        unsigned previous = 0;
+        for (unsigned x = 0; x < width; ++x) {
+            unsigned color;
+            std::memcpy(&color, row + 4 * x, 4);
+            if ((x == 0 || color != previous) && palette.indexOf(color) < 0) {
                 return false;
             }
             previous = color;
-            started = true;
         }
     }
     return true;
 }
 
 // The indices, bitDepth bits each, packed from the high bit as LodePNG takes them: rows run on
-// without padding.
-std::vector<unsigned char> packIndices(const unsigned char* pixels, size_t count,
+// without padding. Where rows end on a byte, a row like the one above is a copy of its bytes.
+std::vector<unsigned char> packIndices(const unsigned char* pixels, unsigned width, unsigned height,
                                        Palette& palette) {
     const unsigned depth = palette.bitDepth();
-    std::vector<unsigned char> packed((count * depth + 7) / 8);
+    const size_t rowBits = static_cast<size_t>(width) * depth;
+    const bool rowsOnBytes = rowBits % 8 == 0;
+    std::vector<unsigned char> packed((rowBits * height + 7) / 8);
     unsigned char* out = packed.data();
-    unsigned previous = 0;
-    unsigned index = 0;
+    // Two colours, the usual case, need no look-up: the index is whether it is the second.
+    const bool twoColours = palette.size == 2;
     unsigned accumulated = 0;
     unsigned bits = 0;
-    for (size_t i = 0; i < count; ++i) {
-        unsigned color;
-        std::memcpy(&color, pixels + 4 * i, 4);
-        if (i == 0 || color != previous) {
-            index = static_cast<unsigned>(palette.indexOf(color));
-            previous = color;
+    for (unsigned y = 0; y < height; ++y) {
+        const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
+        if (rowsOnBytes && sameRow(row, width, y)) {
+            std::memcpy(out, out - rowBits / 8, rowBits / 8);
+            out += rowBits / 8;
+            continue;
         }
-        accumulated = (accumulated << depth) | index;
-        bits += depth;
-        if (bits == 8) {
-            *out++ = static_cast<unsigned char>(accumulated);
-            accumulated = 0;
-            bits = 0;
+        unsigned previous = 0;
+        unsigned index = 0;
+        for (unsigned x = 0; x < width; ++x) {
+            unsigned color;
+            std::memcpy(&color, row + 4 * x, 4);
+            if (twoColours) {
+                index = color == palette.colors[1];
+            } else if (x == 0 || color != previous) {
+                index = static_cast<unsigned>(palette.indexOf(color));
+                previous = color;
+            }
+            accumulated = (accumulated << depth) | index;
+            bits += depth;
+            if (bits == 8) {
+                *out++ = static_cast<unsigned char>(accumulated);
+                accumulated = 0;
+                bits = 0;
+            }
         }
     }
     if (bits != 0) {
@@ -160,10 +182,10 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
     std::vector<unsigned char> png;
     unsigned code = kNoInput;
     if (pixels || width == 0 || height == 0) {
-        const size_t count = static_cast<size_t>(width) * height;
         Palette palette;
-        if (pixels && findPalette(pixels, count, palette)) {
-            code = encodePalette(png, palette, packIndices(pixels, count, palette), width, height);
+        if (pixels && findPalette(pixels, width, height, palette)) {
+            code = encodePalette(png, palette, packIndices(pixels, width, height, palette), width,
+                                 height);
         } else {
             lodepng::State state;
             state.info_raw.colortype = LCT_RGBA;
