@@ -6,6 +6,7 @@
 #include "BarcodeLib/abstract_barcode_visitor.h"
 #include "BarcodeLib/barcode_bar.h"
 #include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/code_types.h"
 #include "BarcodeLib/strategy_code16k.h"
 #include "tests/code16k/code16k_reader.h"
 #include "tests/support/scan_harness.h"
@@ -252,6 +253,14 @@ TEST(Code16k, TreeAndScale) {
     EXPECT_THROW(code16k.sizeVisitor(nullptr, 400, 400, 0, 0, 1, 1), BarcodeException::Unexpected);
     EXPECT_THROW(code16k.generate(L"1", nullptr, 0, 0, true, 0, 0, 0, 0, codeText),
                  BarcodeException::Unexpected);
+}
+
+TEST(Code16k, DemoAtItsDemoSize) {
+    const CodeTypeRow& row = g_codeTypes[kCodeType];
+    const Code16kTest::Reading reading = Code16kTest::read(
+        VelkoTest::draw(kCodeType, code16k.getDemoValue(), row.demoWidth, row.demoHeight));
+    EXPECT_EQ(reading.error, "");
+    EXPECT_EQ(reading.text, "Code16k");
 }
 
 TEST(Code16k, ReadsInEveryRotation) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/code_types.h"
 #include "BarcodeLib/strategy_rss14.h"
 #include "tests/support/scan_harness.h"
 
@@ -230,6 +231,14 @@ TEST(RSS14, TreeTextAndSize) {
     EXPECT_THROW(rss14.generate(L"12345678901286", nullptr, 0, 0, true, 0, 0, 0, 0, text),
                  BarcodeException::Unexpected);
     EXPECT_THROW(rss14.sizeVisitor(nullptr, 300, 100, 10, 0, 1, 1), BarcodeException::Unexpected);
+}
+
+TEST(RSS14, DemoAtItsDemoSize) {
+    const CodeTypeRow& row = g_codeTypes[kCodeType];
+    EXPECT_EQ(VelkoTest::scan(
+                  VelkoTest::draw(kCodeType, rss14.getDemoValue(), row.demoWidth, row.demoHeight),
+                  BarcodeFormat::DataBar),
+              "12345678901286");
 }
 
 TEST(RSS14, ScansBackInEveryRotation) {
