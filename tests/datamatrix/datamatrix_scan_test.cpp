@@ -1,3 +1,6 @@
+// zxing-cpp 1.4 asks every includer to choose the UTF-8 text() of its next release.
+#define ZX_USE_UTF8
+
 #include <gtest/gtest.h>
 
 #include <dmtx.h>
@@ -140,6 +143,7 @@ TEST(DataMatrixScan, EveryTypeReadsBackUpToItsLargestSize) {
     const wchar_t* const kLower = L"abcdefghijklmnopqrstuvwxyz";
     const wchar_t* const kMixed = L"Ab1 x-Z9.q";
     const wchar_t* const kUtf8 = L"\u00e9\u00e0\u041f\u20ac";
+    const size_t kLengths[] = {1, 2, 3, 7, 45, 150};
     const struct {
         unsigned type;
         std::vector<const wchar_t*> alphabets;
@@ -160,8 +164,7 @@ TEST(DataMatrixScan, EveryTypeReadsBackUpToItsLargestSize) {
     };
     for (const auto& c : cases) {
         for (const wchar_t* alphabet : c.alphabets) {
-            for (size_t length :
-                 {size_t{1}, size_t{2}, size_t{3}, size_t{7}, size_t{45}, size_t{150}}) {
+            for (const size_t length : kLengths) {
                 const std::wstring value = repeat(alphabet, length);
                 BarcodeFacade2 facade;
                 const Picture picture = drawCentred(facade, c.type, value);

@@ -103,16 +103,10 @@ TEST(StrategyDataMatrix, OneObjectEncodesAgain) {
     }
 }
 
-// 232 is FNC1 only in the GS1 scheme; a raw form passes text2gs1raw unchanged and its markers
-// make the same symbol as the bracketed form.
-TEST(StrategyDataMatrix, GS1SchemeWritesMarkersAsFnc1AndSeparator) {
-    EXPECT_EQ(matrixOf(6, L"(10)ABC(21)123"), matrixOf(6, L"{FMC1}10ABC{GS1}21123"));
-    EXPECT_NE(matrixOf(6, L"(10)ABC(21)123"), matrixOf(0, L"{FMC1}10ABC{GS1}21123"));
+// 232 is FNC1 only in the GS1 scheme; blanks are no element string and leave nothing to encode.
+TEST(StrategyDataMatrix, OnlyTheGS1SchemeHasFnc1) {
     EXPECT_NE(matrixOf(6, L"\u8a9e"), matrixOf(0, L"\u8a9e"));  // E8 AA 9E in UTF-8
     EXPECT_TRUE(matrixOf(6, L"   ").empty());
-    std::wstring check = L"old";
-    StrategyDataMatrix strategy(6);
-    EXPECT_TRUE(strategy.checkRaw(L"") && strategy.calcCheckSymbol(L"(99", check) && check.empty());
 }
 
 TEST(StrategyDataMatrix, BrokenCallsThrow) {
