@@ -8,7 +8,7 @@ packages=(
     libboost-dev libboost-locale-dev
     libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev zbar-tools fonts-dejavu-core
     gcc-multilib g++-multilib locales
-    openjdk-17-jdk-headless android-liblog-dev
+    openjdk-17-jdk-headless android-liblog-dev libdeflate-dev libzint-dev zint
 )
 
 # The thread test runs under Russian locales: ru_RU.UTF-8, and Russian_Russia.UTF-8, the name
