@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <dlfcn.h>
 #include <jni.h>
 #include <jvmti.h>
 
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "host/barcode_lib_performer_android.h"
@@ -25,7 +26,7 @@ extern "C" __attribute__((visibility("default"))) const char* __lsan_default_sup
 
 namespace {
 
-const char kLoader[] = "com/evelko/BarcodeLibNativePackage/LibLoader";
+const char kLoaderClassName[] = "com.evelko.BarcodeLibNativePackage.LibLoader";
 
 struct Jvm {
     JavaVM* vm = nullptr;
@@ -33,7 +34,7 @@ struct Jvm {
     jvmtiEnv* ti = nullptr;
 };
 
-// One VM per process, as JNI allows. -Xcheck:jni turns misuse into warnings the tests look for.
+// One VM per process, as JNI allows. -Xcheck:jni reports misuse as warnings the tests look for.
 const Jvm& jvm() {
     static const Jvm made = [] {
         Jvm j;
@@ -55,67 +56,33 @@ const Jvm& jvm() {
     return made;
 }
 
-struct JniRoots {
-    int global = 0;
-    int local = 0;
-    bool operator==(const JniRoots& other) const {
-        return global == other.global && local == other.local;
-    }
-};
-
-// The VM's own count of JNI references, by walking its roots.
-JniRoots jniRoots() {
+// The VM's own count of JNI references, global and local, from a walk over its roots.
+std::pair<int, int> jniRoots() {
     jvmtiHeapCallbacks callbacks{};
     callbacks.heap_reference_callback = [](jvmtiHeapReferenceKind kind,
                                            const jvmtiHeapReferenceInfo*, jlong, jlong, jlong,
                                            jlong*, jlong*, jint, void* data) -> jint {
-        auto& roots = *static_cast<JniRoots*>(data);
-        roots.global += kind == JVMTI_HEAP_REFERENCE_JNI_GLOBAL;
-        roots.local += kind == JVMTI_HEAP_REFERENCE_JNI_LOCAL;
+        auto& roots = *static_cast<std::pair<int, int>*>(data);
+        roots.first += kind == JVMTI_HEAP_REFERENCE_JNI_GLOBAL;
+        roots.second += kind == JVMTI_HEAP_REFERENCE_JNI_LOCAL;
         return 0;  // no further than the roots
     };
-    JniRoots roots;
+    std::pair<int, int> roots;
     jvm().ti->FollowReferences(0, nullptr, nullptr, &callbacks, &roots);
     return roots;
 }
 
-std::ostream& operator<<(std::ostream& out, const JniRoots& roots) {
-    return out << roots.global << " global, " << roots.local << " local";
-}
-
-// The host's Android services over the test's VM.
-class JavaHelper : public IVelkoAndroidHelper {
+// The host's Android services over the test's VM; it finds classes with the VM's class path.
+class AndroidHost : public IVelkoHostEx, public IVelkoAndroidHelper {
 public:
-    JavaHelper(JNIEnv* env, bool findsLoader) : env(env), findsLoader(findsLoader) {
+    AndroidHost(JNIEnv* env, bool hasHelper, bool findsLoader)
+        : env(env), hasHelper(hasHelper), findsLoader(findsLoader) {
         jclass type = env->FindClass("android/app/Activity");
-        jobject local =
-            env->NewObject(type, env->GetMethodID(type, "<init>", "(Ljava/lang/String;)V"),
-                           env->NewStringUTF("main"));
-        activity = env->NewGlobalRef(local);
+        jmethodID make = env->GetMethodID(type, "<init>", "(Ljava/lang/String;)V");
+        activity = env->NewGlobalRef(env->NewObject(type, make, env->NewStringUTF("main")));
     }
-    ~JavaHelper() { env->DeleteGlobalRef(activity); }
+    ~AndroidHost() { env->DeleteGlobalRef(activity); }
 
-    jobject getActivity() override { return env->NewLocalRef(activity); }
-    jclass findClass(const unsigned short* name) override {
-        for (; *name; ++name) {
-            asked += static_cast<char>(*name);
-        }
-        std::string path = asked;
-        for (char& c : path) {
-            c = c == '.' ? '/' : c;
-        }
-        return findsLoader ? env->FindClass(path.c_str()) : nullptr;
-    }
-
-    JNIEnv* env;
-    bool findsLoader;
-    jobject activity;
-    std::string asked;
-};
-
-class AndroidHost : public IVelkoHostEx {
-public:
-    explicit AndroidHost(IVelkoAndroidHelper* helper) : helper(helper) {}
     bool reportError(unsigned short, const unsigned short*, const unsigned short*, long) override {
         return false;
     }
@@ -125,11 +92,24 @@ public:
     }
     void* queryInterface(long id) override {
         calls += "queryInterface(" + std::to_string(id) + ") ";
-        return id == VelkoInterfaceAndroidHelper ? helper : nullptr;
+        return hasHelper && id == VelkoInterfaceAndroidHelper
+                   ? static_cast<IVelkoAndroidHelper*>(this)
+                   : nullptr;
+    }
+    jobject getActivity() override { return env->NewLocalRef(activity); }
+    jclass findClass(const unsigned short* name) override {
+        std::string path;
+        for (; *name; ++name) {
+            asked += static_cast<char>(*name);
+            path += *name == '.' ? '/' : static_cast<char>(*name);
+        }
+        return findsLoader ? env->FindClass(path.c_str()) : nullptr;
     }
 
-    IVelkoAndroidHelper* helper;
-    std::string calls;
+    JNIEnv* env;
+    bool hasHelper, findsLoader;
+    jobject activity;
+    std::string calls, asked;
 };
 
 class JniGlueTest : public ::testing::Test {
@@ -138,12 +118,13 @@ protected:
         ASSERT_NE(jvm().vm, nullptr) << "no JVM could be made";
         ASSERT_NE(jvm().ti, nullptr) << "no JVMTI with object tagging";
         ASSERT_EQ(JNI_OnLoad(jvm().vm, nullptr), 0x10006);
-        // Local references of the test itself die with this frame.
+        // The test's own local references die with this frame.
         ASSERT_EQ(env->PushLocalFrame(64), JNI_OK);
-        loader = env->FindClass(kLoader);
+        loader = env->FindClass("com/evelko/BarcodeLibNativePackage/LibLoader");
         ASSERT_NE(loader, nullptr);
-        setRefusal(false);
-        env->SetStaticObjectField(loader, lastField(), nullptr);
+        last =
+            env->GetStaticFieldID(loader, "last", "Lcom/evelko/BarcodeLibNativePackage/LibLoader;");
+        env->SetStaticObjectField(loader, last, nullptr);
     }
     void TearDown() override {
         EXPECT_FALSE(env->ExceptionCheck());
@@ -151,14 +132,6 @@ protected:
         EXPECT_EQ(g_androidAppPerformer, nullptr);
     }
 
-    jfieldID lastField() {
-        return env->GetStaticFieldID(loader, "last",
-                                     "Lcom/evelko/BarcodeLibNativePackage/LibLoader;");
-    }
-    void setRefusal(bool refuse) {
-        env->SetStaticBooleanField(loader, env->GetStaticFieldID(loader, "refuse", "Z"), refuse);
-    }
-    jobject lastLoader() { return env->GetStaticObjectField(loader, lastField()); }
     std::u16string units(jstring text) {
         std::u16string read(static_cast<std::size_t>(env->GetStringLength(text)), u'\0');
         env->GetStringRegion(text, 0, static_cast<jsize>(read.size()),
@@ -168,12 +141,12 @@ protected:
 
     JNIEnv* env = jvm().env;
     jclass loader = nullptr;
+    jfieldID last = nullptr;
 };
 
-// A VM that records what is asked of it and answers as a row says.
+// A VM that records what it is asked and answers as a row says.
 struct FakeVm {
-    static inline jint getEnvAnswer = JNI_OK;
-    static inline jint attachAnswer = JNI_OK;
+    static inline jint getEnvAnswer, attachAnswer;
     static inline std::string calls;
 
     FakeVm() {
@@ -218,7 +191,7 @@ TEST(JniEnvironment, AttachesOnlyADetachedThread) {
         EXPECT_EQ(FakeVm::calls, row.calls);
     }
 
-    // Neither a performer without a host nor one after unloading asks the VM anything.
+    // Neither a performer without a host nor anything after unloading asks the VM.
     FakeVm::calls.clear();
     BarcodeLibPerformerAndroid(nullptr).OpenDevice();
     EXPECT_EQ(g_androidAppPerformer, nullptr);
@@ -279,103 +252,77 @@ TEST_F(JniGlueTest, TextAndBytesRoundTripUnitForUnit) {
     }
 }
 
-TEST_F(JniGlueTest, PerformerWithoutTheJavaSideStaysUsable) {
-    JavaHelper unfound(env, false);
-    AndroidHost withHelper(&unfound), withoutHelper(nullptr);
-    for (AndroidHost* host : {&withHelper, &withoutHelper}) {
-        const JniRoots before = jniRoots();
-        BarcodeLibPerformerAndroid performer(host);
-        EXPECT_EQ(host->calls, "configure(10) queryInterface(2) ");
-        EXPECT_EQ(jniRoots(), before);
-        EXPECT_EQ(g_androidAppPerformer, &performer);
-        EXPECT_EQ(performer.OpenDevice(), 0);
-        EXPECT_EQ(performer.TestDevice(), 0);
-        EXPECT_EQ(performer.CloseDevice(), 0);
-        EXPECT_EQ(performer.GetLastError(true), L"");
-    }
-    EXPECT_EQ(unfound.asked, "com.evelko.BarcodeLibNativePackage.LibLoader");
-    EXPECT_EQ(lastLoader(), nullptr);
-}
-
-TEST_F(JniGlueTest, PerformerStartsTheLoaderAndReleasesItsReferences) {
-    JavaHelper helper(env, true);
-    AndroidHost host(&helper);
-    const JniRoots before = jniRoots();
-    ::testing::internal::CaptureStderr();
-    auto performer = std::make_unique<BarcodeLibPerformerAndroid>(&host);
-    const auto address = static_cast<jlong>(reinterpret_cast<std::intptr_t>(performer.get()));
-    const JniRoots running = jniRoots();
-    performer.reset();
-    const std::string log = ::testing::internal::GetCapturedStderr();
-
-    EXPECT_EQ(running.global, before.global + 2) << "the class and the loader";
-    EXPECT_EQ(running.local, before.local) << "no local reference left behind";
-    EXPECT_EQ(jniRoots(), before);
-    EXPECT_EQ(log.find("WARNING"), std::string::npos) << log;
-
-    jobject made = lastLoader();
-    ASSERT_NE(made, nullptr);
-    const jfieldID activity = env->GetFieldID(loader, "activity", "Landroid/app/Activity;");
-    EXPECT_TRUE(env->IsSameObject(env->GetObjectField(made, activity), helper.activity));
-    EXPECT_EQ(env->GetLongField(made, env->GetFieldID(loader, "performer", "J")), address);
-    EXPECT_TRUE(env->GetBooleanField(made, env->GetFieldID(loader, "loaded", "Z")));
-}
-
-TEST_F(JniGlueTest, ExceptionOfTheLoaderIsClearedAndNothingLeaks) {
-    JavaHelper helper(env, true);
-    AndroidHost host(&helper);
-    setRefusal(true);
-    const JniRoots before = jniRoots();
-    ::testing::internal::CaptureStderr();
-    auto performer = std::make_unique<BarcodeLibPerformerAndroid>(&host);
-    const bool pending = env->ExceptionCheck();
-    const JniRoots running = jniRoots();
-    performer->OpenDevice();
-    performer.reset();
-    const std::string log = ::testing::internal::GetCapturedStderr();
-
-    EXPECT_FALSE(pending);
-    EXPECT_NE(log.find("LibLoader refused"), std::string::npos) << "described: " << log;
-    EXPECT_EQ(running, (JniRoots{before.global + 1, before.local})) << "the class only";
-    EXPECT_EQ(jniRoots(), before);
-    EXPECT_EQ(lastLoader(), nullptr);
-}
-
-TEST_F(JniGlueTest, FirstPerformerKeepsTheSlot) {
-    JavaHelper unfound(env, false);
-    AndroidHost host(&unfound);
-    auto first = std::make_unique<BarcodeLibPerformerAndroid>(&host);
-    {
+TEST_F(JniGlueTest, PerformerWithoutTheJavaSideStaysUsableAndFirstKeepsTheSlot) {
+    for (const bool hasHelper : {false, true}) {
+        AndroidHost host(env, hasHelper, false);
+        const auto before = jniRoots();
+        auto first = std::make_unique<BarcodeLibPerformerAndroid>(&host);
         BarcodeLibPerformerAndroid second(&host);
+        EXPECT_EQ(host.calls, "configure(10) queryInterface(2) configure(10) queryInterface(2) ");
+        EXPECT_EQ(host.asked.size(), hasHelper ? 2 * std::strlen(kLoaderClassName) : 0);
+        EXPECT_EQ(jniRoots(), before);
         EXPECT_EQ(g_androidAppPerformer, first.get());
+        EXPECT_EQ(first->OpenDevice(), 0);
+        EXPECT_EQ(first->TestDevice(), 0);
+        EXPECT_EQ(first->CloseDevice(), 0);
+        EXPECT_EQ(first->GetLastError(true), L"");
+        first.reset();
+        EXPECT_EQ(g_androidAppPerformer, nullptr) << "no pointer to a performer that is gone";
     }
-    EXPECT_EQ(g_androidAppPerformer, first.get());
-    first.reset();
-    EXPECT_EQ(g_androidAppPerformer, nullptr) << "no pointer to a performer that is gone";
+    EXPECT_EQ(env->GetStaticObjectField(loader, last), nullptr);
+}
+
+// The loader is made with the activity and the performer's address and loaded; one that throws
+// is described and cleared. Either way the performer leaves no JNI reference behind.
+TEST_F(JniGlueTest, PerformerStartsTheLoaderAndReleasesItsReferences) {
+    const jfieldID refuse = env->GetStaticFieldID(loader, "refuse", "Z");
+    for (const bool refused : {false, true}) {
+        AndroidHost host(env, true, true);
+        env->SetStaticBooleanField(loader, refuse, refused);
+        env->SetStaticObjectField(loader, last, nullptr);
+        const auto before = jniRoots();
+        ::testing::internal::CaptureStderr();
+        auto performer = std::make_unique<BarcodeLibPerformerAndroid>(&host);
+        const bool pending = env->ExceptionCheck();
+        const auto address = static_cast<jlong>(reinterpret_cast<std::intptr_t>(performer.get()));
+        const auto running = jniRoots();
+        performer.reset();
+        const std::string log = ::testing::internal::GetCapturedStderr();
+        env->SetStaticBooleanField(loader, refuse, false);
+
+        EXPECT_FALSE(pending);
+        EXPECT_EQ(host.asked, kLoaderClassName);
+        EXPECT_EQ(running, std::make_pair(before.first + (refused ? 1 : 2), before.second))
+            << "the class and the loader, and no local reference";
+        EXPECT_EQ(jniRoots(), before);
+        EXPECT_EQ(log.find("WARNING"), std::string::npos) << log;
+        EXPECT_EQ(log.find("LibLoader refused") != std::string::npos, refused) << log;
+
+        jobject made = env->GetStaticObjectField(loader, last);
+        ASSERT_EQ(made == nullptr, refused);
+        if (!refused) {
+            const jfieldID activity = env->GetFieldID(loader, "activity", "Landroid/app/Activity;");
+            EXPECT_TRUE(env->IsSameObject(env->GetObjectField(made, activity), host.activity));
+            EXPECT_EQ(env->GetLongField(made, env->GetFieldID(loader, "performer", "J")), address);
+            EXPECT_TRUE(env->GetBooleanField(made, env->GetFieldID(loader, "loaded", "Z")));
+        }
+    }
 }
 
 // The library itself, loaded as Java loads a JNI library.
 TEST_F(JniGlueTest, SystemLoadRunsTheLibrarysOnLoad) {
     jclass system = env->FindClass("java/lang/System");
-    jstring path = env->NewStringUTF(VELKO_EXTENSION_PATH);
+    jmethodID load = env->GetStaticMethodID(system, "load", "(Ljava/lang/String;)V");
     ::testing::internal::CaptureStderr();
-    env->CallStaticVoidMethod(
-        system, env->GetStaticMethodID(system, "load", "(Ljava/lang/String;)V"), path);
+    env->CallStaticVoidMethod(system, load, env->NewStringUTF(VELKO_EXTENSION_PATH));
     const bool failed = env->ExceptionCheck();
     const std::string log = ::testing::internal::GetCapturedStderr();
     if (failed) {
         env->ExceptionDescribe();
     }
-    ASSERT_FALSE(failed);
+    ASSERT_FALSE(failed) << "an unknown JNI version or a missing library";
     EXPECT_NE(log.find("BarcodeLib"), std::string::npos) << log;
     EXPECT_NE(log.find("JNI_OnLoad()"), std::string::npos) << log;
-
-    void* library = dlopen(VELKO_EXTENSION_PATH, RTLD_NOW | RTLD_NOLOAD);
-    ASSERT_NE(library, nullptr);
-    auto* slot = static_cast<void**>(dlsym(library, "g_androidAppPerformer"));
-    ASSERT_NE(slot, nullptr);
-    EXPECT_EQ(*slot, nullptr);
-    dlclose(library);
 }
 
 }  // namespace
