@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <climits>
-#include <memory>
 #include <string>
 
 #include "BarcodeLib/QR/qr_code.h"
 #include "BarcodeLib/barcode_column.h"
 #include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/barcode_repeated_row.h"
 #include "BarcodeLib/barcode_row.h"
 #include "BarcodeLib/encode_line.h"
 #include "BarcodeLib/new_or_throw.h"
@@ -38,12 +38,19 @@ bool StrategyQR::generate(const wchar_t* code, AbstractBarcodeElement** element,
 
     // The encoder counts pixels in 16 bits; a larger picture is capped rather than wrapped.
     const short side = static_cast<short>(std::clamp(std::min(first, second), 0, SHRT_MAX));
-    std::unique_ptr<BitmapMatrix> matrix;
-    if (!QRcode::generateQRBitmapMatrix(wstr2str(code).c_str(), ConvToErrorCorrectionLevels(param),
-                                        side, matrix, false)) {
+    // The symbol stays at one cell a module: its pixel lines repeat each module row, and the
+    // tree is built from the rows as they would come out of the scaled matrix.
+    QRSymbol symbol;
+    if (!QRcode::encodeSymbol(wstr2str(code).c_str(), ConvToErrorCorrectionLevels(param), false,
+                              symbol)) {
         return false;
     }
-    return ConvBitmapMatrix2AbstractBarcodeElement(matrix.get(), element);
+    const int scale = side / symbol.matrix.getSize();
+    if (scale < 1) {
+        return false;
+    }
+    *element = buildColumn(symbol.matrix, scale);
+    return true;
 }
 
 const wchar_t* StrategyQR::getDemoValue() {
@@ -71,20 +78,37 @@ bool StrategyQR::ConvBitmapMatrix2AbstractBarcodeElement(const BitmapMatrix* mat
     if (!matrix || !element) {
         return false;
     }
-    SmartPtr<BarcodeColumn> column(newOrThrow<BarcodeColumn>());
-    const int size = matrix->getSize();
-    std::string line(static_cast<size_t>(size), '0');
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x) {
-            line[static_cast<size_t>(x)] = matrix->getColor(x, y) == ColorBlack ? '1' : '0';
-        }
-        SmartPtr<BarcodeRow> row(newOrThrow<BarcodeRow>());
-        encode_line(line.c_str(), row.get(), false, 0, y == size - 1);
-        column->add(row.get());
-        row.release();
-    }
-    *element = column.release();
+    *element = buildColumn(*matrix, 1);
     return true;
+}
+
+AbstractBarcodeElement* StrategyQR::buildColumn(const BitmapMatrix& matrix, int scale) {
+    SmartPtr<BarcodeColumn> column(newOrThrow<BarcodeColumn>());
+    const int cells = matrix.getSize();
+    const int lines = cells * scale;
+    std::string line(static_cast<size_t>(lines), '0');
+    for (int y = 0; y < cells; ++y) {
+        for (int x = 0; x < cells; ++x) {
+            const char pixel = matrix.getColor(x, y) == ColorBlack ? '1' : '0';
+            std::fill_n(line.begin() + x * scale, scale, pixel);
+        }
+        BarcodeRow* first = nullptr;
+        for (int repeat = 0; repeat < scale; ++repeat) {
+            // The very last line ends in the last rect, so it has leaves of its own.
+            const bool last = y == cells - 1 && repeat == scale - 1;
+            SmartPtr<BarcodeRow> row;
+            if (first && !last) {
+                row = newOrThrow<BarcodeRepeatedRow>(first);
+            } else {
+                row = newOrThrow<BarcodeRow>();
+                encode_line(line.c_str(), row.get(), false, 0, last);
+            }
+            column->add(row.get());
+            first = first ? first : row.get();
+            row.release();
+        }
+    }
+    return column.release();
 }
 
 }  // namespace BarcodeVelko

@@ -28,6 +28,11 @@ public:
     // A column of one row per pixel line of the matrix; false for a null argument.
     static bool ConvBitmapMatrix2AbstractBarcodeElement(const BitmapMatrix* matrix,
                                                         AbstractBarcodeElement** element);
+
+private:
+    // The tree of the matrix blown up scale times: one row per pixel line, each line that
+    // repeats the one above showing that line's leaves.
+    static AbstractBarcodeElement* buildColumn(const BitmapMatrix& matrix, int scale);
 };
 
 }  // namespace BarcodeVelko

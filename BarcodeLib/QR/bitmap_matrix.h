@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "BarcodeLib/QR/qr_tables.h"
+
 enum Color : unsigned char { ColorEmpty = 0, ColorWhite = 1, ColorBlack = 2 };
 
 // A square of cells, column-major. The module accessors skip the quiet zone; the raw ones don't.
@@ -15,9 +17,14 @@ public:
     void draw(int x, int y, Color color) { cells[index(x, y)] = color; }
     Color getColor(int x, int y) const { return static_cast<Color>(cells[index(x, y)]); }
 
-    void drawModul(int x, int y, Color color);
-    void drawModul(int x, int y, bool black);
-    Color getModulColor(int x, int y) const;
+    // Inline: the mask search reads every module of eight candidates.
+    void drawModul(int x, int y, Color color) { draw(x + kIndentSize, y + kIndentSize, color); }
+    void drawModul(int x, int y, bool black) { drawModul(x, y, black ? ColorBlack : ColorWhite); }
+    Color getModulColor(int x, int y) const { return getColor(x + kIndentSize, y + kIndentSize); }
+    // Module column x from module row 0 down: the rows follow one another in memory.
+    const unsigned char* modulColumn(int x) const {
+        return &cells[index(x + kIndentSize, kIndentSize)];
+    }
     bool drawModulIfEmpty(int x, int y, Color color);
     bool drawModulIfEmpty(int x, int y, bool black);
 

@@ -1,0 +1,41 @@
+#include "BarcodeLib/barcode_repeated_row.h"
+
+#include "BarcodeLib/barcode_exception.h"
+
+namespace BarcodeVelko {
+
+BarcodeRepeatedRow::BarcodeRepeatedRow(BarcodeRow* original) : original(original) {
+    if (original == nullptr) {
+        throw BarcodeException::Unexpected();
+    }
+}
+
+void BarcodeRepeatedRow::add(AbstractBarcodeElement*) {
+    throw BarcodeException::Unexpected();
+}
+
+void BarcodeRepeatedRow::visit(AbstractBarcodeVisitor* visitor) {
+    original->visit(visitor);
+}
+
+unsigned BarcodeRepeatedRow::getWidth() const {
+    return original->getWidth();
+}
+
+unsigned BarcodeRepeatedRow::getHeight() const {
+    return original->getHeight();
+}
+
+unsigned BarcodeRepeatedRow::getMinWidth() const {
+    return original->getMinWidth();
+}
+
+unsigned BarcodeRepeatedRow::getMinHeight() const {
+    return original->getMinHeight();
+}
+
+void BarcodeRepeatedRow::draw(BarcodeCanvas* canvas) {
+    original->draw(canvas);
+}
+
+}  // namespace BarcodeVelko
