@@ -4,8 +4,6 @@
 
 namespace BarcodeVelko {
 
-// A type whose strategy is not in the library answers null, which the
-// generation takes as a refusal of every value.
 AbstractBarcodeStrategy* BarcodeFacade2::getStrategy(int type) {
     if (type < 0 || type >= static_cast<int>(kCodeTypeCount)) {
         throw BarcodeException::Unexpected();
@@ -21,7 +19,7 @@ AbstractBarcodeStrategy* BarcodeFacade2::getStrategy(int type) {
         case StrategySetting::None:
             break;
     }
-    return row.make ? row.make(row.argument) : nullptr;
+    return row.make(row.argument);
 }
 
 }  // namespace BarcodeVelko

@@ -47,7 +47,7 @@ struct CodeTypeRow {
     CodeType type;
     // Gallery file names and benchmark rows.
     const char* name;
-    // A new strategy, given the row's argument; null while the type has no strategy.
+    // A new strategy, given the row's argument.
     AbstractBarcodeStrategy* (*make)(int argument);
     int argument;
     StrategySetting setting;
@@ -59,6 +59,8 @@ struct CodeTypeRow {
     // A picture that fits the demo value comfortably.
     unsigned demoWidth;
     unsigned demoHeight;
+    // What the gallery draws in place of a demo value that the type can't encode (UTF-8).
+    const char* galleryValue = nullptr;
 };
 
 extern const CodeTypeRow g_codeTypes[kCodeTypeCount];

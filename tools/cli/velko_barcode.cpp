@@ -271,6 +271,9 @@ int gallery(const ExtensionLibrary& library, const Options& options) {
                                      {"Height", std::to_string(row.demoHeight)}};
         writes.insert(writes.end(), options.writes.begin(), options.writes.end());
         writes.insert(writes.end(), {{"CodeAuto", "false"}, {"CodeType", std::to_string(type)}});
+        if (row.galleryValue) {
+            writes.emplace_back("CodeValue", row.galleryValue);
+        }
         writeAll(session, writes);
         char name[64];
         std::snprintf(name, sizeof name, "%02d_%s.png", type, row.name);
