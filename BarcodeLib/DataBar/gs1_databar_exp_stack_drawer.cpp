@@ -39,12 +39,19 @@ GS1DatabarExpStackDrawStructure GS1DatabarExpStackDrawer::BuildGS1DatabarExpStac
 
 void GS1DatabarExpStackDrawer::MakeCurrentRow() {
     rowElements = {1, 1};
-    latch = currentRow % 2 != 0 ? 0 : 1;
-    leftToRight = blocksPerRow % 2 != 0 || currentRow % 2 != 0;
     rowBlocks = std::min(blocksPerRow, blocks - blocksDone);
-    // An even last row with an odd number of blocks, short of the others, moves on by a module.
-    specialRow = requestedRows >= 2 && currentRow == requestedRows && rowBlocks < blocksPerRow &&
-                 rowBlocks % 2 != 0 && currentRow % 2 == 0;
+    // Readers of ISO/IEC 24724 expect every element in the colour it has in the one-row symbol.
+    // With an even number of blocks a row, the even rows are mirrored and begin with a bar. The
+    // standard's one exception is the last row drawn when it is even, short of the others and
+    // holds an odd number of blocks: mirrored, its colours would come out inverted, so it reads
+    // left to right, one module further in behind a wider guard. With an odd number of blocks a
+    // row the colours alternate from row to row by themselves: no row is mirrored or shifted.
+    // The requested row count plays no part, since the blocks may end before it.
+    const bool lastRow = blocksDone + rowBlocks == blocks;
+    specialRow = lastRow && currentRow % 2 == 0 && blocksPerRow % 2 == 0 &&
+                 rowBlocks < blocksPerRow && rowBlocks % 2 != 0;
+    leftToRight = blocksPerRow % 2 != 0 || currentRow % 2 != 0 || specialRow;
+    latch = currentRow % 2 != 0 ? 0 : 1;
 
     const int size = static_cast<int>(elements.size());
     const int from = kBlockElements * blocksDone + 2;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -106,6 +107,61 @@ TEST(GS1DatabarExpStackDrawer, RowsSeparatorsAndGuards) {
     EXPECT_EQ(grid(4, 1).GetColumnCount(), 2 + 17 + 15 + 17 + 17 + 15 + 17 + 17 + 15 + 4);
     EXPECT_EQ(grid(5, 1).GetColumnCount(), 49 * 3 + 4);
     EXPECT_EQ(cells(grid(4, 1), 0).substr(132), "1010");
+}
+
+namespace {
+
+// How each data row lays out its part of the one-row symbol, colour for colour: 'f' forward
+// behind the guard, 's' forward one module further in, 'm' mirrored, '?' none of these.
+std::string rowForms(int n, int rows) {
+    const auto stacked = grid(n, rows);
+    const std::string line = cells(grid(n, 1), 0);
+    const int blocks = (n + 2) / 2, perRow = (blocks + rows - 1) / rows;
+    // An even count leaves the last block without its right character.
+    const size_t end = static_cast<size_t>(2 + 49 * blocks - (n % 2 == 0 ? 17 : 0));
+    std::string forms;
+    for (int done = 0, row = 0; done < blocks; done += perRow, row += 4) {
+        const size_t from = static_cast<size_t>(2 + 49 * done);
+        const std::string part = line.substr(from, std::min<size_t>(49 * perRow, end - from));
+        const std::string drawn = cells(stacked, row);
+        const std::string mirrored(part.rbegin(), part.rend());
+        forms += drawn.compare(2, part.size(), part) == 0       ? 'f'
+                 : drawn.compare(3, part.size(), part) == 0     ? 's'
+                 : drawn.compare(2, part.size(), mirrored) == 0 ? 'm'
+                                                                : '?';
+    }
+    return forms;
+}
+
+}  // namespace
+
+// Each element keeps the colour it has in one row, whatever the row count; with an even number
+// of blocks a row the even rows are mirrored, except a last even row of an odd number of blocks
+// short of the others, which reads forward one module further in.
+TEST(GS1DatabarExpStackDrawer, RowsKeepTheColoursOfOneRow) {
+    const struct {
+        int n, rows;
+        const char* forms;
+    } cases[] = {
+        {5, 2, "fs"},       // 3 blocks, the last row the one asked for
+        {21, 7, "fmfmfs"},  // 11 blocks end after 6 rows of 7
+        {13, 6, "fmfs"},    // 7 blocks end after 4 rows of 6
+        {18, 4, "ffff"},    // 10 blocks, 3 a row: the last row short, forward
+        {9, 4, "fmf"},      // 5 blocks end on an odd row
+        {20, 3, "fmf"},     // 11 blocks, 4 a row
+        {14, 2, "fm"},      // 8 blocks, the last one without its right character
+        {15, 2, "fm"},      // 8 whole blocks
+        {21, 11, "fffffffffff"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(rowForms(c.n, c.rows), c.forms) << c.n << " characters in " << c.rows << " rows";
+    }
+    for (int n = 3; n <= 21; ++n) {
+        for (int rows = 1; rows <= (n + 2) / 2; ++rows) {
+            EXPECT_EQ(rowForms(n, rows).find('?'), std::string::npos)
+                << n << " characters in " << rows << " rows";
+        }
+    }
 }
 
 TEST(StrategyGS1DatabarExpandedStacked, TextLinesTakeWholeElements) {

@@ -5,9 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "BarcodeLib/DataBar/gs1_databar_exp_stack_binary_string_maker.h"
 #include "BarcodeLib/barcode_facade2.h"
 #include "BarcodeLib/code_types.h"
 #include "BarcodeLib/dm2png32.h"
+#include "BarcodeLib/strategy_gs1_databar_expanded_stacked.h"
 #include "tests/support/scan_harness.h"
 
 using namespace BarcodeVelko;
@@ -44,7 +46,73 @@ std::string scanDataBar(const Drawn& drawn) {
     return VelkoTest::scan(drawn.picture, ZXing::BarcodeFormat::DataBarExpanded);
 }
 
+// The data characters of a value's symbol, 0 if it has none.
+int dataCharacters(const std::wstring& value) {
+    std::string bytes, binary;
+    std::wstring text;
+    return StrategyGS1DatabarExpandedStacked::PrepareStrings(value.c_str(), bytes, text) &&
+                   GS1DatabarExpStackBinaryStringMaker().BuildBinaryString(bytes, binary)
+               ? static_cast<int>(binary.size() / 12)
+               : 0;
+}
+
+// A value for each number of data characters from 3 to 21, in index n, from ever more digits.
+std::vector<std::wstring> valuesByDataCharacters() {
+    std::vector<std::wstring> values(22);
+    const std::wstring digits = L"1234567890";
+    for (size_t k = 1; k <= 90; ++k) {
+        std::wstring number;
+        for (size_t i = 0; i < k; ++i) {
+            number += digits[i % digits.size()];
+        }
+        const std::wstring value =
+            L"(90)" + number.substr(0, 30) + (k > 30 ? L"(91)" + number.substr(30) : L"");
+        const int n = dataCharacters(value);
+        if (n >= 3 && n <= 21 && values[static_cast<size_t>(n)].empty()) {
+            values[static_cast<size_t>(n)] = value;
+        }
+    }
+    return values;
+}
+
 }  // namespace
+
+// Every symbol size in every row count it can be asked for, and as the automatic choice lays it
+// out in pictures from wide to narrow: the last row short of the others, even or odd, mirrored
+// or not, must keep its colours.
+TEST(GS1DatabarExpandedStackedScan, EveryRowCountReads) {
+    const std::vector<std::wstring> values = valuesByDataCharacters();
+    const struct {
+        unsigned width, height;
+    } autoPictures[] = {{1200, 160},
+                        {700, 330},
+                        // These land on a last row short of the others: 10 blocks in 4 rows; 7 and
+                        // 11 blocks in 6 rows; 11 blocks in 10 rows.
+                        {310, 330},
+                        {220, 500},
+                        {220, 800}};
+    for (int n = 3; n <= 21; ++n) {
+        const std::wstring& value = values[static_cast<size_t>(n)];
+        ASSERT_FALSE(value.empty()) << n << " data characters";
+        const std::string expected = VelkoTest::narrow(value);
+        const int blocks = (n + 2) / 2;
+        for (int rows = 1; rows <= blocks; ++rows) {
+            // Two pixels a module, set by the width; room below for the text lines.
+            const int perRow = (blocks + rows - 1) / rows;
+            const unsigned width = 2 * (49 * perRow + 4) + 20;
+            const unsigned height = 2 * (37 * rows - 3) + 40 * (rows / 2 + 1) + 20;
+            EXPECT_EQ(
+                scanDataBar(drawDataBar(value, static_cast<unsigned char>(rows), width, height)),
+                expected)
+                << n << " data characters in " << rows << " rows";
+        }
+        for (const auto& picture : autoPictures) {
+            EXPECT_EQ(scanDataBar(drawDataBar(value, kAutoRows, picture.width, picture.height)),
+                      expected)
+                << n << " data characters in " << picture.width << " x " << picture.height;
+        }
+    }
+}
 
 TEST(GS1DatabarExpandedStackedScan, ZXingReadsTheElementStringBack) {
     const struct {
