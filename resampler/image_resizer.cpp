@@ -9,6 +9,8 @@ namespace avir {
 
 namespace {
 
+// The column pass works on strips of the target this many pixels wide.
+constexpr int kStripPixels = 256;
 // Output rows of the column pass go to bytes this many at a time.
 constexpr int kRowsAtOnce = 16;
 
@@ -26,12 +28,14 @@ struct LineBuffer {
 
     float* sample(int index) { return storage.get() + (index + margin) * elements; }
 
-    void repeatEnds(const CImageResizerFilterStep& step) {
-        for (int i = 1; i <= step.reachBefore; ++i) {
+    // The samples that the step reads beyond the ends of its input, where [begin, end) of the
+    // input is there and reaches the end in question.
+    void repeatEnds(const CImageResizerFilterStep& step, int begin, int end) {
+        for (int i = 1; begin == 0 && i <= step.reachBefore; ++i) {
             std::copy(sample(0), sample(1), sample(-i));
         }
-        for (int i = 0; i < step.reachAfter; ++i) {
-            std::copy(sample(step.inLength - 1), sample(step.inLength), sample(step.inLength + i));
+        for (int i = 0; end == step.inLength && i < step.reachAfter; ++i) {
+            std::copy(sample(end - 1), sample(end), sample(end + i));
         }
     }
 };
@@ -82,16 +86,29 @@ void runStep(const CImageResizerFilterStep& step, LineBuffer& in, float* out, in
     }
 }
 
-// Two buffers that the steps of a chain write in turn, the source in the first; each as long
-// as the longest line it ever holds. The last step writes elsewhere.
-struct ChainBuffers {
+struct Range {
+    int begin;
+    int end;
+};
+
+// The steps of a chain run for the outputs [begin, end) of the last step, with two buffers
+// that the steps write in turn, the source in the first, each as long as the longest line it
+// ever holds. Each step makes only the outputs that the next one reads.
+struct ChainRun {
+    const LineChain& chain;
+    std::vector<Range> outputs;
     std::unique_ptr<LineBuffer> line[2];
 
-    ChainBuffers(const LineChain& chain, size_t elements) {
+    ChainRun(const LineChain& chain, size_t elements, int begin, int end)
+        : chain(chain), outputs(chain.steps.size()) {
         int margin = 0;
         int capacity[2] = {chain.srcLength, 1};
-        for (size_t s = 0; s < chain.steps.size(); ++s) {
+        for (size_t s = chain.steps.size(); s-- > 0;) {
             const CImageResizerFilterStep& step = chain.steps[s];
+            outputs[s] = {begin, end};
+            // Each output reads from step.first on, and step.first only grows.
+            begin = std::max(0, step.first[begin]);
+            end = std::min(step.inLength, step.first[end - 1] + step.tapCount);
             margin = std::max({margin, step.reachBefore, step.reachAfter});
             if (s + 1 < chain.steps.size()) {
                 capacity[(s + 1) % 2] = std::max(capacity[(s + 1) % 2], step.outLength);
@@ -101,18 +118,29 @@ struct ChainBuffers {
         line[1] = std::make_unique<LineBuffer>(capacity[1], margin, elements);
     }
 
-    // Runs all steps but the last on the line in the first buffer; gives the last step's
-    // input, ready to be read.
-    LineBuffer& runAllButLast(const LineChain& chain) {
+    LineBuffer& source() { return *line[0]; }
+
+    // Runs all steps but the last on the source; gives the last step's input, ready to read.
+    LineBuffer& runAllButLast() {
         int current = 0;
-        for (size_t s = 0; s + 1 < chain.steps.size(); ++s) {
+        Range in = {0, chain.srcLength};
+        for (size_t s = 0; s < chain.steps.size(); ++s) {
             const CImageResizerFilterStep& step = chain.steps[s];
-            line[current]->repeatEnds(step);
-            runStep(step, *line[current], line[1 - current]->sample(0), 0, step.outLength);
+            line[current]->repeatEnds(step, in.begin, in.end);
+            if (s + 1 == chain.steps.size()) {
+                break;
+            }
+            const Range out = outputs[s];
+            runStep(step, *line[current], line[1 - current]->sample(out.begin), out.begin, out.end);
+            in = out;
             current = 1 - current;
         }
-        line[current]->repeatEnds(chain.steps.back());
         return *line[current];
+    }
+
+    // The last step's outputs [begin, end) at out, on the line that runAllButLast gave.
+    void runLast(LineBuffer& in, float* out, int begin, int end) {
+        runStep(chain.steps.back(), in, out, begin, end);
     }
 };
 
@@ -142,26 +170,32 @@ void CImageResizer::resizeImage(const unsigned char* src, int srcWidth, int srcH
     const LineChain across = buildFilterSteps(srcWidth, newWidth, designParams, bank);
     const LineChain down = buildFilterSteps(srcHeight, newHeight, designParams, bank);
 
-    // The rows go straight into the column pass's first buffer, whose samples are whole rows.
-    const size_t rowElements = static_cast<size_t>(newWidth) * pixel;
-    ChainBuffers columns(down, rowElements);
-    {
-        ChainBuffers row(across, pixel);
-        const CImageResizerFilterStep& last = across.steps.back();
-        for (int y = 0; y < srcHeight; ++y) {
-            const unsigned char* bytes = src + y * srcPitch;
-            std::copy(bytes, bytes + srcWidth * pixel, row.line[0]->sample(0));
-            runStep(last, row.runAllButLast(across), columns.line[0]->sample(y), 0, last.outLength);
+    // Strips of columns, one after the other, so that the float buffers of the column pass stay
+    // small however large the target: each strip's rows go straight into the first buffer of
+    // its column pass, whose samples are whole rows of the strip.
+    const size_t dstPitch = static_cast<size_t>(newWidth) * pixel;
+    for (int left = 0; left < newWidth; left += kStripPixels) {
+        const int right = std::min(newWidth, left + kStripPixels);
+        const size_t rowElements = static_cast<size_t>(right - left) * pixel;
+        ChainRun columns(down, rowElements, 0, newHeight);
+        {
+            ChainRun row(across, pixel, left, right);
+            for (int y = 0; y < srcHeight; ++y) {
+                const unsigned char* bytes = src + y * srcPitch;
+                std::copy(bytes, bytes + srcWidth * pixel, row.source().sample(0));
+                row.runLast(row.runAllButLast(), columns.source().sample(y), left, right);
+            }
         }
-    }
-    LineBuffer& in = columns.runAllButLast(down);
-    const CImageResizerFilterStep& last = down.steps.back();
-    std::vector<float> rows(kRowsAtOnce * rowElements);
-    for (int y = 0; y < newHeight; y += kRowsAtOnce) {
-        const int end = std::min(newHeight, y + kRowsAtOnce);
-        runStep(last, in, rows.data(), y, end);
-        CImageResizerDithererDefINL::dither(rows.data(), dst + y * rowElements,
-                                            (end - y) * rowElements);
+        LineBuffer& in = columns.runAllButLast();
+        std::vector<float> rows(kRowsAtOnce * rowElements);
+        for (int top = 0; top < newHeight; top += kRowsAtOnce) {
+            const int bottom = std::min(newHeight, top + kRowsAtOnce);
+            columns.runLast(in, rows.data(), top, bottom);
+            for (int y = top; y < bottom; ++y) {
+                CImageResizerDithererDefINL::dither(rows.data() + (y - top) * rowElements,
+                                                    dst + y * dstPitch + left * pixel, rowElements);
+            }
+        }
     }
 }
 

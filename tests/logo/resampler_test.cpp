@@ -159,6 +159,7 @@ const SizeCase kSizes[] = {
     {30, 20, 45, 33, "enlarged by less than 2"},
     {64, 16, 400, 20, "64 to 400"},
     {512, 4, 120, 4, "512 to 120"},
+    {700, 5, 300, 4, "in two strips of columns"},
     {400, 3, 10, 3, "reduced 40 times: steps of 16 first"},
     {1, 1, 7, 5, "from one pixel"},
     {9, 4, 1, 1, "to one pixel"},
