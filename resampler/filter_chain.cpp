@@ -12,8 +12,8 @@ namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 
-// A single step of the first kind never shrinks by more than this; beyond it, steps of pure
-// downsampling by 16 come first.
+// A low-pass step downsamples by at most this; a larger reduction first goes through steps
+// that only downsample, by this factor each.
 constexpr int kMaxSingleFactor = 16;
 // The correction filter is designed from the gains at 65 frequencies from 0 to pi.
 constexpr int kCorrectionBands = 64;

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -19,49 +18,43 @@
 // The logo on a QR Code, through the facade and through the extension as the host sees it.
 namespace {
 
-using BarcodeVelko::BarcodeFacade2;
-
 constexpr unsigned kOrange = 0xFF0080FF;
 constexpr unsigned kBlue = 0xFFC04010;
-const std::wstring kValue = L"https://example.com/track/42";
+const std::string kValue = "https://example.com/track/42";
 
 // Orange with a blue disc in the middle, far enough from the border that the border stays
-// exactly orange after scaling; RGBA bytes.
-std::vector<unsigned char> logoBytes(unsigned w, unsigned h) {
-    std::vector<unsigned char> rgba;
+// exactly orange when scaled.
+PImage logoImage(unsigned w, unsigned h) {
+    std::vector<unsigned> pixels;
     for (unsigned y = 0; y < h; ++y) {
         for (unsigned x = 0; x < w; ++x) {
             const double dx = x + 0.5 - w / 2.0, dy = y + 0.5 - h / 2.0;
-            const unsigned colour = dx * dx + dy * dy < w * w / 16.0 ? kBlue : kOrange;
-            for (int shift = 0; shift < 32; shift += 8) {
-                rgba.push_back(static_cast<unsigned char>(colour >> shift));
-            }
+            pixels.push_back(dx * dx + dy * dy < w * w / 16.0 ? kBlue : kOrange);
         }
     }
-    return rgba;
+    return PImage(w, h,
+                  PByteArray(reinterpret_cast<const unsigned char*>(pixels.data()), w * h * 4));
 }
 
-PImage logoImage(unsigned w, unsigned h) {
-    const std::vector<unsigned char> rgba = logoBytes(w, h);
-    return PImage(w, h, PByteArray(rgba.data(), rgba.size()));
-}
-
-std::vector<unsigned char> logoPng(unsigned w, unsigned h) {
+// The same as a PNG file (two colours: 1 bit a pixel), its header claiming w x h if given.
+std::vector<unsigned char> logoPng(unsigned w = 0, unsigned h = 0) {
+    const PImage logo = logoImage(64, 64);
     std::vector<unsigned char> png;
-    lodepng::encode(png, logoBytes(w, h), w, h);
+    lodepng::encode(png, logo.pixelData(), 64, 64);
+    for (int i = 0; w && i < 4; ++i) {
+        png[16 + i] = static_cast<unsigned char>(w >> (24 - 8 * i));
+        png[20 + i] = static_cast<unsigned char>(h >> (24 - 8 * i));
+    }
+    lodepng_chunk_generate_crc(&png[8]);
     return png;
-}
-
-std::string base64(const std::vector<unsigned char>& bytes) {
-    return b64encode(bytes.data(), static_cast<unsigned>(bytes.size()));
 }
 
 // A QR picture exactly as large as its tree, so that the tree starts at (0, 0).
 VelkoTest::Picture drawQR(unsigned level, const PImage& logo, double percent, unsigned type = 16) {
-    BarcodeFacade2 facade;
+    BarcodeVelko::BarcodeFacade2 facade;
     VelkoTest::setUp(facade, type, 300, 300);
     facade.setQRErrorCorrectionLevel(static_cast<unsigned char>(level));
-    facade.setCodeValue(kValue.c_str());
+    facade.setCodeValue(std::wstring(kValue.begin(), kValue.end()).c_str());
     facade.setRemoveExeedBackgroudFlag(true);
     facade.setLogo(logo);
     facade.setLogoSizePercent(percent);
@@ -72,18 +65,20 @@ TEST(LogoStep, StampedInTheMiddleAndStillScans) {
     struct Case {
         unsigned logoWidth, logoHeight;
         double percent;
-        unsigned level;
+        unsigned level;  // Q and H may lose that much of the symbol
+        const char* note;
     } cases[] = {
-        {128, 128, 15, 2}, {128, 128, 15, 3}, {128, 128, 20, 2}, {128, 128, 20, 3},
-        {512, 512, 20, 3}, {64, 128, 20, 3},  {128, 64, 20, 3},  {128, 128, 150, 3},
+        {128, 128, 15, 2, "15 % at Q"},
+        {128, 128, 15, 3, "15 % at H"},
+        {128, 128, 20, 2, "20 % at Q"},
+        {512, 512, 20, 3, "20 % at H"},
+        {64, 128, 20, 3, "higher than wide"},
+        {128, 64, 20, 3, "wider than high"},
+        {128, 128, 150, 3, "150 % counts as 100"},
     };
     for (const Case& c : cases) {
         const VelkoTest::Picture picture =
             drawQR(c.level, logoImage(c.logoWidth, c.logoHeight), c.percent);
-        const std::string name = std::to_string(c.logoWidth) + "x" + std::to_string(c.logoHeight) +
-                                 " at " + std::to_string(c.percent) + "%, level " +
-                                 std::to_string(c.level);
-        // The longer side of the logo against the same side of the tree; 150 counts as 100.
         const double percent = std::min(c.percent, 100.0);
         const double scale = c.logoWidth < c.logoHeight
                                  ? picture.height * percent / 100 / c.logoHeight
@@ -99,15 +94,13 @@ TEST(LogoStep, StampedInTheMiddleAndStillScans) {
                 }
             }
         }
-        EXPECT_EQ(left, (picture.width - w) / 2) << name;
-        EXPECT_EQ(top, (picture.height - h) / 2) << name;
-        EXPECT_EQ(right - left, w) << name;
-        EXPECT_EQ(bottom - top, h) << name;
-        EXPECT_EQ(picture.pixel(left + w / 2, top + h / 2), kBlue) << name;
+        EXPECT_EQ(left, (picture.width - w) / 2) << c.note;
+        EXPECT_EQ(top, (picture.height - h) / 2) << c.note;
+        EXPECT_EQ(right - left, w) << c.note;
+        EXPECT_EQ(bottom - top, h) << c.note;
+        EXPECT_EQ(picture.pixel(left + w / 2, top + h / 2), kBlue) << c.note;
         if (c.percent <= 20) {
-            EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::QRCode),
-                      std::string(kValue.begin(), kValue.end()))
-                << name;
+            EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::QRCode), kValue) << c.note;
         }
     }
 }
@@ -139,22 +132,12 @@ TEST(LogoStep, HeaderBoundsBeforeDecoding) {
         {2048, 2048, 0, false, "more bytes than the file can inflate to"},
         {60000, 60000, 0, false, "huge"},
     };
-    // A small real file of 1 bit a pixel, its header rewritten.
-    const std::vector<unsigned char> real = logoPng(64, 64);
     for (const Case& c : cases) {
-        std::vector<unsigned char> png = real;
+        std::vector<unsigned char> png = logoPng(c.width, c.height);
         png.resize(png.size() + c.padding);
-        for (int i = 0; i < 4; ++i) {
-            png[16 + i] = static_cast<unsigned char>(c.width >> (24 - 8 * i));
-            png[20 + i] = static_cast<unsigned char>(c.height >> (24 - 8 * i));
-        }
-        lodepng_chunk_generate_crc(&png[8]);
         EXPECT_EQ(BarcodeVelko::logoPngAcceptable(png.data(), png.size()), c.accepted) << c.note;
     }
-    EXPECT_FALSE(BarcodeVelko::logoPngAcceptable(real.data(), 20));
-    const std::string text = "not a picture at all";
-    EXPECT_FALSE(BarcodeVelko::logoPngAcceptable(
-        reinterpret_cast<const unsigned char*>(text.data()), text.size()));
+    EXPECT_FALSE(BarcodeVelko::logoPngAcceptable(logoPng().data(), 20));
 }
 
 // Under AddressSanitizer every allocation passes a hook, and the largest one tells whether a
@@ -177,44 +160,31 @@ TEST(LogoStep, BadLogosThroughTheHostLeaveThePictureAlone) {
     ASSERT_TRUE(library.loaded()) << library.error();
     const bool measured = __sanitizer_install_malloc_and_free_hooks &&
                           __sanitizer_install_malloc_and_free_hooks(noteAllocation, noteFree);
-    std::vector<unsigned char> huge = logoPng(64, 64);
-    huge[17] = huge[21] = 0;  // 60000 = 0x0000EA60
-    huge[18] = huge[22] = 0xEA;
-    huge[19] = huge[23] = 0x60;
-    lodepng_chunk_generate_crc(&huge[8]);
-    std::vector<unsigned char> truncated = logoPng(64, 64);
-    truncated.resize(truncated.size() / 2);
-    const std::vector<unsigned char> junk(300, 0x89);
-
-    auto picture = [&](const std::string* logo) {
+    auto picture = [&](const std::vector<unsigned char>* logo) {
         VelkoHost::ExtensionSession session(library);
-        for (const auto& [name, value] :
-             {std::pair<std::string, VelkoHost::Value>{"CodeAuto", false},
-              {"CodeType", 16},
-              {"Width", 200},
-              {"Height", 200},
-              {"LogoSizePercentFromBarcode", 20}}) {
-            EXPECT_TRUE(session.set(name, value)) << name;
-        }
+        EXPECT_TRUE(session.set("CodeAuto", false) && session.set("CodeType", 16) &&
+                    session.set("Width", 200) && session.set("Height", 200) &&
+                    session.set("LogoSizePercentFromBarcode", 20));
+        g_largestAllocation = 0;
         if (logo) {
-            g_largestAllocation = 0;
-            EXPECT_TRUE(session.set("LogoImage", *logo));
-            if (measured) {
-                EXPECT_LT(g_largestAllocation.load(), 1u << 20);
-            }
+            EXPECT_TRUE(session.set("LogoImage", b64encode(logo->data(), logo->size())));
         }
-        EXPECT_TRUE(session.set("CodeValue", std::string(kValue.begin(), kValue.end())));
-        std::vector<unsigned char> png = session.getBarcode();
+        if (measured) {
+            EXPECT_LT(g_largestAllocation.load(), 1u << 20);
+        }
+        EXPECT_TRUE(session.set("CodeValue", kValue));
+        const std::vector<unsigned char> png = session.getBarcode();
         EXPECT_EQ(session.get("Result"), VelkoHost::Value(0));
         return png;
     };
     const std::vector<unsigned char> plain = picture(nullptr);
-    const std::string good = base64(logoPng(64, 64));
+    const std::vector<unsigned char> good = logoPng();
     EXPECT_NE(picture(&good), plain);
-    const std::vector<unsigned char>* bads[] = {&huge, &truncated, &junk};
-    for (const std::vector<unsigned char>* bad : bads) {
-        const std::string logo = base64(*bad);
-        EXPECT_EQ(picture(&logo), plain) << bad->size() << " bytes";
+    const std::vector<unsigned char> truncated(good.begin(), good.begin() + good.size() / 2);
+    const std::vector<unsigned char> bad[] = {logoPng(60000, 60000), truncated,
+                                              std::vector<unsigned char>(300, 0x89)};
+    for (const std::vector<unsigned char>& logo : bad) {
+        EXPECT_EQ(picture(&logo), plain) << logo.size() << " bytes";
     }
 }
 
