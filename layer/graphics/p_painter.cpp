@@ -102,14 +102,10 @@ void PPainter::drawImage(int x, int y, int w, int h, const PImage& image, int fl
                                       static_cast<unsigned>(std::max(h, 0))));
     }
     clip = clip.intersection(imageRect);
-    // The clip may start inside the image, when the image begins above or left of the device.
-    const int fromX = clip.x - x;
-    const int fromY = clip.y - y;
     for (unsigned dy = 0; dy < clip.height; ++dy) {
         for (unsigned dx = 0; dx < clip.width; ++dx) {
-            d->device->setPixel(
-                clip.x + static_cast<int>(dx), clip.y + static_cast<int>(dy),
-                image.getPixel(fromX + static_cast<int>(dx), fromY + static_cast<int>(dy)));
+            d->device->setPixel(x + static_cast<int>(dx), y + static_cast<int>(dy),
+                                image.getPixel(static_cast<int>(dx), static_cast<int>(dy)));
         }
     }
 }
