@@ -16,6 +16,8 @@ namespace {
 
 // LodePNG's own code for an input buffer that isn't there.
 constexpr unsigned kNoInput = 48;
+constexpr unsigned kOutOfMemory = 83;
+constexpr unsigned kCompressionFailed = 111;
 constexpr unsigned kMaxPaletteSize = 256;
 
 // The colours of a picture, in order of appearance, as long as there are few enough for a
@@ -68,26 +70,25 @@ bool findPalette(const unsigned char* pixels, unsigned width, unsigned height, P
     return true;
 }
 
-// The indices, bitDepth bits each, packed from the high bit as LodePNG takes them: rows run on
-// without padding. Where rows end on a byte, a row like the one above is a copy of its bytes.
-std::vector<unsigned char> packIndices(const unsigned char* pixels, unsigned width, unsigned height,
-                                       Palette& palette) {
+// The PNG scanlines of the indices: each row a filter byte (none) and its indices, bitDepth
+// bits each from the high bit, padded to a whole byte. A row like the one above is a copy.
+std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width, unsigned height,
+                                     Palette& palette) {
     const unsigned depth = palette.bitDepth();
-    const size_t rowBits = static_cast<size_t>(width) * depth;
-    const bool rowsOnBytes = rowBits % 8 == 0;
-    std::vector<unsigned char> packed((rowBits * height + 7) / 8);
-    unsigned char* out = packed.data();
+    const size_t lineBytes = 1 + (static_cast<size_t>(width) * depth + 7) / 8;
+    std::vector<unsigned char> lines(lineBytes * height);
     // Two colours, the usual case, need no look-up: the index is whether it is the second.
     const bool twoColours = palette.size == 2;
-    unsigned accumulated = 0;
-    unsigned bits = 0;
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
-        if (rowsOnBytes && sameRow(row, width, y)) {
-            std::memcpy(out, out - rowBits / 8, rowBits / 8);
-            out += rowBits / 8;
+        unsigned char* out = &lines[lineBytes * y];
+        if (sameRow(row, width, y)) {
+            std::memcpy(out, out - lineBytes, lineBytes);
             continue;
         }
+        *out++ = 0;
+        unsigned accumulated = 0;
+        unsigned bits = 0;
         unsigned previous = 0;
         unsigned index = 0;
         for (unsigned x = 0; x < width; ++x) {
@@ -107,11 +108,11 @@ std::vector<unsigned char> packIndices(const unsigned char* pixels, unsigned wid
                 bits = 0;
             }
         }
+        if (bits != 0) {
+            *out = static_cast<unsigned char>(accumulated << (8 - bits));
+        }
     }
-    if (bits != 0) {
-        *out = static_cast<unsigned char>(accumulated << (8 - bits));
-    }
-    return packed;
+    return lines;
 }
 
 #ifdef VELKO_HAVE_LIBDEFLATE
@@ -126,23 +127,41 @@ struct CompressorDeleter {
     }
 };
 
-unsigned fastZlib(unsigned char** out, size_t* outSize, const unsigned char* in, size_t inSize,
-                  const LodePNGCompressSettings*) {
-    thread_local std::unique_ptr<libdeflate_compressor, CompressorDeleter> compressor(
+libdeflate_compressor* compressor() {
+    thread_local std::unique_ptr<libdeflate_compressor, CompressorDeleter> kept(
         libdeflate_alloc_compressor(kDeflateLevel));
-    if (!compressor) {
-        return 83;  // LodePNG's code for a failed allocation
+    return kept.get();
+}
+
+unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
+    libdeflate_compressor* deflater = compressor();
+    if (!deflater) {
+        return kOutOfMemory;
     }
-    const size_t bound = libdeflate_zlib_compress_bound(compressor.get(), inSize);
+    out.resize(libdeflate_zlib_compress_bound(deflater, in.size()));
+    const size_t written =
+        libdeflate_zlib_compress(deflater, in.data(), in.size(), out.data(), out.size());
+    if (written == 0) {
+        return kCompressionFailed;
+    }
+    out.resize(written);
+    return 0;
+}
+
+// The same behind LodePNG's hook, for pictures of too many colours for a palette.
+unsigned lodepngZlib(unsigned char** out, size_t* outSize, const unsigned char* in, size_t inSize,
+                     const LodePNGCompressSettings*) {
+    libdeflate_compressor* deflater = compressor();
+    const size_t bound = deflater ? libdeflate_zlib_compress_bound(deflater, inSize) : 0;
     // LodePNG frees what it is given with free().
-    auto* buffer = static_cast<unsigned char*>(std::malloc(bound));
+    auto* buffer = static_cast<unsigned char*>(bound ? std::malloc(bound) : nullptr);
     if (!buffer) {
-        return 83;
+        return kOutOfMemory;
     }
-    const size_t written = libdeflate_zlib_compress(compressor.get(), in, inSize, buffer, bound);
+    const size_t written = libdeflate_zlib_compress(deflater, in, inSize, buffer, bound);
     if (written == 0) {
         std::free(buffer);
-        return 111;
+        return kCompressionFailed;
     }
     *out = buffer;
     *outSize = written;
@@ -150,28 +169,78 @@ unsigned fastZlib(unsigned char** out, size_t* outSize, const unsigned char* in,
 }
 
 void useFastDeflate(LodePNGCompressSettings& settings) {
-    settings.custom_zlib = fastZlib;
+    settings.custom_zlib = lodepngZlib;
 }
 #else
-// Without libdeflate (so on Android unless it is built for it) LodePNG deflates by itself.
+// Without libdeflate (so on Android unless it is built for it) LodePNG deflates.
+unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
+    unsigned char* buffer = nullptr;
+    size_t size = 0;
+    const unsigned code = lodepng_zlib_compress(&buffer, &size, in.data(), in.size(),
+                                                &lodepng_default_compress_settings);
+    if (code == 0) {
+        out.assign(buffer, buffer + size);
+    }
+    std::free(buffer);
+    return code;
+}
+
 void useFastDeflate(LodePNGCompressSettings&) {}
 #endif
 
+void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        out.push_back(static_cast<unsigned char>(value >> shift));
+    }
+}
+
+void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned char* data,
+              size_t length) {
+    putBigEndian(png, static_cast<unsigned>(length));
+    const size_t start = png.size();
+    png.insert(png.end(), type, type + 4);
+    png.insert(png.end(), data, data + length);
+    putBigEndian(png, lodepng_crc32(&png[start], length + 4));
+}
+
+// A palette PNG written here rather than by LodePNG, which would take the indices without row
+// padding and pad them again bit by bit.
 unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
-                       const std::vector<unsigned char>& indices, unsigned width, unsigned height) {
-    lodepng::State state;
-    state.encoder.auto_convert = 0;
-    useFastDeflate(state.encoder.zlibsettings);
-    for (LodePNGColorMode* mode : {&state.info_raw, &state.info_png.color}) {
-        mode->colortype = LCT_PALETTE;
-        mode->bitdepth = palette.bitDepth();
-        for (unsigned i = 0; i < palette.size; ++i) {
-            unsigned char rgba[4];
-            std::memcpy(rgba, &palette.colors[i], 4);
-            lodepng_palette_add(mode, rgba[0], rgba[1], rgba[2], rgba[3]);
+                       const std::vector<unsigned char>& lines, unsigned width, unsigned height) {
+    std::vector<unsigned char> compressed;
+    if (const unsigned code = zlibCompress(compressed, lines)) {
+        return code;
+    }
+    static const unsigned char kSignature[8] = {137, 80, 78, 71, 13, 10, 26, 10};
+    png.reserve(compressed.size() + 64 + 4 * palette.size);
+    png.assign(kSignature, kSignature + 8);
+
+    std::vector<unsigned char> header;
+    putBigEndian(header, width);
+    putBigEndian(header, height);
+    // Bit depth, colour type 3 (palette), deflate, adaptive filtering, no interlace.
+    header.insert(header.end(), {static_cast<unsigned char>(palette.bitDepth()), 3, 0, 0, 0});
+    putChunk(png, "IHDR", header.data(), header.size());
+
+    std::vector<unsigned char> colours;
+    std::vector<unsigned char> alphas;
+    size_t opaqueFrom = 0;  // tRNS covers the colours up to the last that isn't opaque
+    for (unsigned i = 0; i < palette.size; ++i) {
+        unsigned char rgba[4];
+        std::memcpy(rgba, &palette.colors[i], 4);
+        colours.insert(colours.end(), rgba, rgba + 3);
+        alphas.push_back(rgba[3]);
+        if (rgba[3] != 255) {
+            opaqueFrom = i + 1;
         }
     }
-    return lodepng::encode(png, indices, width, height, state);
+    putChunk(png, "PLTE", colours.data(), colours.size());
+    if (opaqueFrom > 0) {
+        putChunk(png, "tRNS", alphas.data(), opaqueFrom);
+    }
+    putChunk(png, "IDAT", compressed.data(), compressed.size());
+    putChunk(png, "IEND", nullptr, 0);
+    return 0;
 }
 
 }  // namespace
@@ -184,7 +253,7 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
     if (pixels || width == 0 || height == 0) {
         Palette palette;
         if (pixels && findPalette(pixels, width, height, palette)) {
-            code = encodePalette(png, palette, packIndices(pixels, width, height, palette), width,
+            code = encodePalette(png, palette, scanlines(pixels, width, height, palette), width,
                                  height);
         } else {
             lodepng::State state;
