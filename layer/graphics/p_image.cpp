@@ -16,14 +16,20 @@ PImage::PImage(unsigned int width, unsigned int height, const PColor& background
     d->width = std::min(width, kMaxSide);
     d->height = std::min(height, kMaxSide);
     d->pitch = d->width * d->bytesPerPixel;
-    d->pixels =
-        PByteArray(static_cast<unsigned char>(0), static_cast<unsigned long>(d->pitch) * d->height);
+    // A background of four equal bytes, as opaque white is, is set in the one pass that the
+    // buffer needs anyway.
+    const unsigned value = background.value();
+    const unsigned char low = static_cast<unsigned char>(value);
+    const bool oneByte = value == low * 0x01010101u;
+    d->pixels = PByteArray(oneByte ? low : 0, static_cast<unsigned long>(d->pitch) * d->height);
     if (d->pixels.size() == 0) {
         d->width = d->height = d->bytesPerPixel = 0;
         d->pitch = 0;
         return;
     }
-    fill(background.value());
+    if (!oneByte) {
+        fill(value);
+    }
 }
 
 PImage::PImage(unsigned int width, unsigned int height, const PByteArray& bytes) : PImage() {
