@@ -6,8 +6,13 @@
 
 void drawData(const QRBitStream& bits, int modulesPerSide, BitmapMatrix& matrix,
               MaskFunction mask) {
+    drawDataAt(dataModules(matrix, modulesPerSide), bits, matrix, mask);
+}
+
+std::vector<QRModule> dataModules(const BitmapMatrix& matrix, int modulesPerSide) {
     const int n = modulesPerSide;
-    std::size_t next = 0;
+    std::vector<QRModule> modules;
+    modules.reserve(static_cast<std::size_t>(n) * n);
     bool upwards = true;
     for (int x = n - 1; x > 0; x -= 2) {
         if (x == 6) {
@@ -17,14 +22,22 @@ void drawData(const QRBitStream& bits, int modulesPerSide, BitmapMatrix& matrix,
         for (int step = 0; step < n; ++step) {
             const int y = upwards ? n - 1 - step : step;
             for (int column = x; column >= x - 1; --column) {
-                if (matrix.getModulColor(column, y) != ColorEmpty) {
-                    continue;
+                if (matrix.getModulColor(column, y) == ColorEmpty) {
+                    modules.push_back({static_cast<short>(column), static_cast<short>(y)});
                 }
-                const bool bit = next < bits.size() && bits[next++] != 0;
-                matrix.drawModul(column, y, bit != (mask(column, y) == 0));
             }
         }
         upwards = !upwards;
+    }
+    return modules;
+}
+
+void drawDataAt(const std::vector<QRModule>& modules, const QRBitStream& bits, BitmapMatrix& matrix,
+                MaskFunction mask) {
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+        const QRModule m = modules[i];
+        const bool bit = i < bits.size() && bits[i] != 0;
+        matrix.drawModul(m.x, m.y, bit != (mask(m.x, m.y) == 0));
     }
 }
 

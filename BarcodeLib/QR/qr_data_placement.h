@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "BarcodeLib/QR/bitmap_matrix.h"
 #include "BarcodeLib/QR/qr_blocks.h"
 #include "BarcodeLib/QR/qr_levels.h"
@@ -10,6 +12,18 @@ using MaskFunction = int (*)(int x, int y);
 // Places the stream into the empty modules in the zigzag order; empty modules left over after
 // the stream take bit 0.
 void drawData(const QRBitStream& bits, int modulesPerSide, BitmapMatrix& matrix, MaskFunction mask);
+
+// A module by column and row.
+struct QRModule {
+    short x;
+    short y;
+};
+
+// The empty modules in the order in which drawData fills them.
+std::vector<QRModule> dataModules(const BitmapMatrix& matrix, int modulesPerSide);
+// drawData on modules found before: the same for every mask, so the search finds them once.
+void drawDataAt(const std::vector<QRModule>& modules, const QRBitStream& bits, BitmapMatrix& matrix,
+                MaskFunction mask);
 
 // Colour of one bit of the format information.
 Color getColor(ErrorCorrectionLevels level, int mask, int bitIndex);

@@ -99,12 +99,16 @@ int getOptimalMaskedImageMatrix(BitmapMatrix& matrix, const QRBitStream& bits,
     int bestScore = kInitialBestScore;
     int bestMask = 0;
     BitmapMatrix candidate(matrix);
+    // The format information takes the same modules whatever the mask, so the data modules are
+    // found once, with it in place.
+    drawMaskCode(level, modulesPerSide, candidate, 0);
+    const std::vector<QRModule> modules = dataModules(candidate, modulesPerSide);
     for (int mask = 0; mask < kMaskCount; ++mask) {
         if (mask > 0) {
             candidate = matrix;
         }
         drawMaskCode(level, modulesPerSide, candidate, mask);
-        drawData(bits, modulesPerSide, candidate, kMaskFunctions[mask]);
+        drawDataAt(modules, bits, candidate, kMaskFunctions[mask]);
         const short score = CalculatePenaltyPoints(candidate, modulesPerSide);
         if (score < bestScore) {
             bestScore = score;
@@ -112,6 +116,6 @@ int getOptimalMaskedImageMatrix(BitmapMatrix& matrix, const QRBitStream& bits,
         }
     }
     drawMaskCode(level, modulesPerSide, matrix, bestMask);
-    drawData(bits, modulesPerSide, matrix, kMaskFunctions[bestMask]);
+    drawDataAt(modules, bits, matrix, kMaskFunctions[bestMask]);
     return bestMask;
 }
