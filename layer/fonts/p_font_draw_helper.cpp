@@ -4,10 +4,13 @@
 #include <cstdlib>
 #include <map>
 #include <set>
+#include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "layer/fonts/p_font_glyphs_cache.h"
+#include "layer/fonts/ttf_helper.h"
 #include "layer/graphics/p_painter.h"
 #include "layer/graphics/p_rect.h"
 
@@ -28,6 +31,30 @@ void storePixel(unsigned char* p, unsigned int value) {
     p[3] = static_cast<unsigned char>(value >> 24);
 }
 
+// What PPainter::drawImage shows of an image at (left, top): it copies from the image's first
+// pixel on, so that an image starting above or left of the device loses as many pixels at its
+// far end as fall off the near one.
+TTFHelper::Window shownPart(long long left, long long top, unsigned int width, unsigned int height,
+                            long long deviceWidth, long long deviceHeight) {
+    const auto span = [](long long start, long long length, long long room) {
+        const long long from = std::max(0LL, -start);
+        const long long to = std::min(length, room - start) - from;
+        return std::make_pair(from, std::max(0LL, to - from));
+    };
+    const auto [x, w] = span(left, width, deviceWidth);
+    const auto [y, h] = span(top, height, deviceHeight);
+    return TTFHelper::Window(x, y, w, h);
+}
+
+// A character that will be drawn: its code, its glyph and where the glyph's cell goes.
+struct PlacedGlyph {
+    unsigned int code;
+    const PGlyph* glyph;
+    int x;
+    // The part of a glyph larger than the device, when that is what is drawn.
+    PGlyph part;
+};
+
 }  // namespace
 
 class PFontDrawHelperPrivate {
@@ -42,13 +69,17 @@ public:
     // colour can be mistaken for the other whatever pen and brush are.
     PGlyph recolored(PGlyph glyph) const;
     PGlyph blankGlyph(const PTextOptions& options) const;
+    // Gives the pending glyphs among those that will be drawn their images: whole when the
+    // glyph fits the device, else only the part of it that the device shows.
+    void makeImages(std::vector<PlacedGlyph>& placed, int y);
 
     PAbstractPaintDevice* device = nullptr;
     PFontInfo font;
     unsigned int fontSize = 12;
     unsigned int brush = PGlyph::kBackground;
     unsigned int pen = PGlyph::kInk;
-    // Copies of the cached glyphs in the current pen and brush.
+    // Copies of the cached glyphs in the current pen and brush. Large glyphs may be pending
+    // here until a line draws them.
     std::map<unsigned int, PGlyph> glyphs;
 };
 
@@ -87,16 +118,62 @@ void PFontDrawHelperPrivate::cacheGlyphs(const std::basic_string<T>& text) {
     for (T c : text) {
         distinct.insert(static_cast<unsigned int>(static_cast<std::make_unsigned_t<T>>(c)));
     }
-    const std::vector<unsigned int> codes(distinct.begin(), distinct.end());
-    PFontGlyphsCache::loadGlyphs(font, fontSize, codes);
+    std::vector<unsigned int> missing;
+    for (unsigned int code : distinct) {
+        if (glyphs.count(code) == 0) {
+            missing.push_back(code);
+        }
+    }
+    // Loaded before the dull glyph is asked for: a blank of a TrueType font settles the dull
+    // glyph's metrics first.
+    std::map<unsigned int, PGlyph> loaded;
+    if (!missing.empty()) {
+        loaded = PFontGlyphsCache::loadMetrics(font, fontSize, missing);
+    }
     if (glyphs.empty()) {
         glyphs[kDullCode] =
             recolored(PFontGlyphsCache::getDull(font, fontSize, static_cast<int>(fontSize), 0));
     }
-    for (unsigned int code : codes) {
+    for (unsigned int code : missing) {
         if (glyphs.count(code) == 0) {
-            glyphs[code] = recolored(PFontGlyphsCache::getGlyph(font, fontSize, code));
+            const auto found = loaded.find(code);
+            glyphs[code] = found == loaded.end() ? PGlyph() : recolored(found->second);
         }
+    }
+}
+
+void PFontDrawHelperPrivate::makeImages(std::vector<PlacedGlyph>& placed, int y) {
+    const long long deviceWidth = device->width();
+    const long long deviceHeight = device->height();
+    std::vector<unsigned int> whole;
+    for (const PlacedGlyph& p : placed) {
+        const PGlyphMetrics& m = p.glyph->metrics;
+        if (p.glyph->pending && m.width <= deviceWidth && m.height <= deviceHeight) {
+            whole.push_back(p.code);
+        }
+    }
+    if (!whole.empty()) {
+        for (const auto& [code, glyph] : PFontGlyphsCache::loadGlyphs(font, fontSize, whole)) {
+            glyphs[code] = recolored(glyph);
+        }
+    }
+    // The same part of a glyph is made once, however often the line draws it there.
+    std::map<std::tuple<unsigned int, long long, long long>, PGlyph> parts;
+    for (PlacedGlyph& p : placed) {
+        if (!p.glyph->pending) {
+            continue;
+        }
+        const PGlyphMetrics& m = p.glyph->metrics;
+        const long long left = static_cast<long long>(p.x) + m.horiBearingX;
+        const long long top = static_cast<long long>(y) + m.ascender - m.horiBearingY;
+        const auto [part, made] = parts.try_emplace({p.code, left, top});
+        if (made) {
+            part->second = recolored(PFontGlyphsCache::loadGlyphPart(
+                font, fontSize, p.code, [=](unsigned int width, unsigned int height) {
+                    return shownPart(left, top, width, height, deviceWidth, deviceHeight);
+                }));
+        }
+        p.part = part->second;
     }
 }
 
@@ -108,15 +185,16 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
     }
     cacheGlyphs(text);
     const PGlyph blank = blankGlyph(options);
-    std::vector<const PGlyph*> line;
+    std::vector<std::pair<unsigned int, const PGlyph*>> line;
     line.reserve(text.size());
     long long total = 0;
     int lineHeight = 0;
     for (T c : text) {
-        const PGlyph& glyph =
-            glyphs[static_cast<unsigned int>(static_cast<std::make_unsigned_t<T>>(c))];
+        const unsigned int code =
+            static_cast<unsigned int>(static_cast<std::make_unsigned_t<T>>(c));
+        const PGlyph& glyph = glyphs[code];
         const PGlyph* shown = glyph.isDull() ? &blank : &glyph;
-        line.push_back(shown);
+        line.emplace_back(code, shown);
         total += shown->metrics.horiAdvance;
         lineHeight =
             std::max(lineHeight, std::abs(shown->metrics.descender) + shown->metrics.ascender);
@@ -134,19 +212,28 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
     if (clip.width == 0 || clip.height == 0) {
         return;
     }
+    // Characters are cut whole at the right; the glyphs of those past the limit are never made.
     const auto rightLimit = static_cast<unsigned int>(clip.x + clip.width);
-    PPainter painter(device);
-    painter.setPen(PColor(pen, PColor::kNative));
+    std::vector<PlacedGlyph> placed;
     int px = x;
-    for (const PGlyph* glyph : line) {
+    for (const auto& [code, glyph] : line) {
         if (static_cast<unsigned int>(px) > rightLimit) {
             break;
         }
-        const PGlyphMetrics& m = glyph->metrics;
-        painter.drawImage(px + m.horiBearingX, y + m.ascender - m.horiBearingY,
-                          static_cast<int>(glyph->width()), static_cast<int>(glyph->height()),
-                          *glyph, PPainter::kClipToSize);
-        px += m.horiAdvance + static_cast<int>(extra);
+        placed.push_back(PlacedGlyph{code, glyph, px, PGlyph()});
+        px += glyph->metrics.horiAdvance + static_cast<int>(extra);
+    }
+    makeImages(placed, y);
+
+    PPainter painter(device);
+    painter.setPen(PColor(pen, PColor::kNative));
+    for (const PlacedGlyph& p : placed) {
+        // A glyph that turned dull when its image was made keeps the place laid out for it.
+        const PGlyph& glyph = p.glyph->pending ? p.part : p.glyph->isDull() ? blank : *p.glyph;
+        const PGlyphMetrics& m = glyph.metrics;
+        painter.drawImage(p.x + m.horiBearingX, y + m.ascender - m.horiBearingY,
+                          static_cast<int>(glyph.width()), static_cast<int>(glyph.height()), glyph,
+                          PPainter::kClipToSize);
     }
     x = px;
 }

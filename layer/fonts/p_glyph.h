@@ -36,4 +36,6 @@ public:
 
     PGlyphMetrics metrics;
     KeyValue properties;
+    // Metrics only, for laying out a line: the image is made when the character is drawn.
+    bool pending = false;
 };

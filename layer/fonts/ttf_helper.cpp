@@ -74,17 +74,30 @@ unsigned int TTFHelper::libraryStartCount() {
 
 PImage TTFHelper::bitmapToImage(const unsigned char* buffer, unsigned int width, unsigned int rows,
                                 int pitch, int pixelMode) {
+    return bitmapToImage(buffer, width, rows, pitch, pixelMode, Window(0, 0, width, rows));
+}
+
+PImage TTFHelper::bitmapToImage(const unsigned char* buffer, unsigned int width, unsigned int rows,
+                                int pitch, int pixelMode, const Window& window) {
     if (!buffer || width == 0 || rows == 0 ||
         (pixelMode != FT_PIXEL_MODE_MONO && pixelMode != FT_PIXEL_MODE_GRAY)) {
         return PImage();
     }
-    PImage image(width, rows, PColor(PGlyph::kBackground, PColor::kNative));
-    const unsigned char* row = pitch < 0 ? buffer - static_cast<long>(rows - 1) * pitch : buffer;
-    for (unsigned int y = 0; y < rows; ++y, row += pitch) {
-        for (unsigned int x = 0; x < width; ++x) {
+    const Window part = window.intersection(Window(0, 0, width, rows));
+    if (part.width == 0 || part.height == 0) {
+        return PImage();
+    }
+    PImage image(static_cast<unsigned>(part.width), static_cast<unsigned>(part.height),
+                 PColor(PGlyph::kBackground, PColor::kNative));
+    const long long step = pitch;
+    const unsigned char* row =
+        (pitch < 0 ? buffer - static_cast<long long>(rows - 1) * step : buffer) + part.y * step;
+    for (long long y = 0; y < part.height; ++y, row += step) {
+        for (long long x = 0; x < part.width; ++x) {
+            const long long column = part.x + x;
             const bool ink = pixelMode == FT_PIXEL_MODE_GRAY
-                                 ? row[x] > kGreyThreshold
-                                 : (row[x / 8] & (0x80 >> (x % 8))) != 0;
+                                 ? row[column] > kGreyThreshold
+                                 : (row[column / 8] & (0x80 >> (column % 8))) != 0;
             if (ink) {
                 image.setPixel(static_cast<int>(x), static_cast<int>(y), PGlyph::kInk);
             }
@@ -93,53 +106,155 @@ PImage TTFHelper::bitmapToImage(const unsigned char* buffer, unsigned int width,
     return image;
 }
 
+namespace {
+
+// A face of one font file at one pixel size, closed with the object.
+class OpenFace {
+public:
+    OpenFace(FT_Library library, const PFontInfo& font, unsigned int size) {
+        if (!library || font.name == L"default") {
+            return;
+        }
+        bytes = font.isValid() ? readFile(font.file) : PByteArray();
+        if (FT_New_Memory_Face(library, bytes.constData(), static_cast<FT_Long>(bytes.size()), 0,
+                               &face)) {
+            face = nullptr;
+            return;
+        }
+        // The pixel size replaces the nominal one.
+        if (FT_Set_Char_Size(face, 0, 1024, 96, 96) || FT_Set_Pixel_Sizes(face, 0, size)) {
+            FT_Done_Face(face);
+            face = nullptr;
+        }
+    }
+    ~OpenFace() {
+        if (face) {
+            FT_Done_Face(face);
+        }
+    }
+    OpenFace(const OpenFace&) = delete;
+    OpenFace& operator=(const OpenFace&) = delete;
+
+    explicit operator bool() const { return face != nullptr; }
+
+    // Loads a character; the font's ascender and descender at this size come out either way.
+    bool load(unsigned int code, FT_Int32 flags, PGlyphMetrics& metrics) const {
+        const bool loaded = FT_Load_Char(face, code, flags) == 0;
+        metrics = PGlyphMetrics();
+        metrics.ascender =
+            TTFHelper::fromFixed(FT_MulFix(face->ascender, face->size->metrics.y_scale));
+        metrics.descender =
+            TTFHelper::fromFixed(FT_MulFix(face->descender, face->size->metrics.y_scale));
+        if (loaded) {
+            const FT_Glyph_Metrics& m = face->glyph->metrics;
+            metrics.width = TTFHelper::fromFixed(m.width);
+            metrics.height = TTFHelper::fromFixed(m.height);
+            metrics.horiBearingX = TTFHelper::fromFixed(m.horiBearingX);
+            metrics.horiBearingY = TTFHelper::fromFixed(m.horiBearingY);
+            metrics.horiAdvance = TTFHelper::fromFixed(m.horiAdvance);
+            metrics.vertBearingX = TTFHelper::fromFixed(m.vertBearingX);
+            metrics.vertBearingY = TTFHelper::fromFixed(m.vertBearingY);
+            metrics.vertAdvance = TTFHelper::fromFixed(m.vertAdvance);
+        }
+        return loaded;
+    }
+
+    // The loaded bitmap, or the part of it inside the window.
+    PImage image(const TTFHelper::Window* window = nullptr) const {
+        const FT_Bitmap& bitmap = face->glyph->bitmap;
+        return window ? TTFHelper::bitmapToImage(bitmap.buffer, bitmap.width, bitmap.rows,
+                                                 bitmap.pitch, bitmap.pixel_mode, *window)
+                      : TTFHelper::bitmapToImage(bitmap.buffer, bitmap.width, bitmap.rows,
+                                                 bitmap.pitch, bitmap.pixel_mode);
+    }
+
+    // Whether rendering the outline just loaded would give a bitmap: FreeType presets the
+    // bitmap's size on every load.
+    bool wouldRender() const {
+        const FT_GlyphSlot slot = face->glyph;
+        return slot->format == FT_GLYPH_FORMAT_OUTLINE && slot->bitmap.width != 0 &&
+               slot->bitmap.rows != 0;
+    }
+
+    bool hasBitmap() const { return face->glyph->format == FT_GLYPH_FORMAT_BITMAP; }
+
+    // The loaded bitmap's size when it can become an image, else an empty window.
+    TTFHelper::Window bitmapArea() const {
+        const FT_Bitmap& bitmap = face->glyph->bitmap;
+        const bool usable = bitmap.buffer && (bitmap.pixel_mode == FT_PIXEL_MODE_MONO ||
+                                              bitmap.pixel_mode == FT_PIXEL_MODE_GRAY);
+        return usable ? TTFHelper::Window(0, 0, bitmap.width, bitmap.rows) : TTFHelper::Window();
+    }
+
+private:
+    // The face reads from these bytes, so they outlive it.
+    PByteArray bytes;
+    FT_Face face = nullptr;
+};
+
+PGlyph dullGlyph(const PFontInfo& font, unsigned int size, const PGlyphMetrics& metrics) {
+    return PFontGlyphsCache::getDull(font, size, metrics.ascender, metrics.descender);
+}
+
+}  // namespace
+
 std::map<unsigned int, PGlyph> TTFHelper::loadGlyphs(const PFontInfo& font, unsigned int size,
                                                      const std::vector<unsigned int>& codes) const {
     std::map<unsigned int, PGlyph> result;
-    if (font.name == L"default" || !d->library) {
+    const OpenFace face(d->library, font, size);
+    if (!face) {
         return result;
     }
-    const std::set<unsigned int> distinct(codes.begin(), codes.end());
-    // The face reads from these bytes, so they outlive it.
-    const PByteArray bytes = font.isValid() ? readFile(font.file) : PByteArray();
-    FT_Face face = nullptr;
-    if (FT_New_Memory_Face(d->library, bytes.constData(), static_cast<FT_Long>(bytes.size()), 0,
-                           &face)) {
-        return result;
-    }
-    // The pixel size replaces the nominal one.
-    if (FT_Set_Char_Size(face, 0, 1024, 96, 96) || FT_Set_Pixel_Sizes(face, 0, size)) {
-        FT_Done_Face(face);
-        return result;
-    }
-    for (unsigned int code : distinct) {
-        const bool loaded = FT_Load_Char(face, code, FT_LOAD_RENDER) == 0;
-        const int ascender = fromFixed(FT_MulFix(face->ascender, face->size->metrics.y_scale));
-        const int descender = fromFixed(FT_MulFix(face->descender, face->size->metrics.y_scale));
+    for (unsigned int code : std::set<unsigned int>(codes.begin(), codes.end())) {
+        PGlyphMetrics metrics;
         PGlyph glyph;
-        if (loaded) {
-            const FT_GlyphSlot slot = face->glyph;
-            const FT_Bitmap& bitmap = slot->bitmap;
-            PGlyphMetrics metrics;
-            metrics.width = fromFixed(slot->metrics.width);
-            metrics.height = fromFixed(slot->metrics.height);
-            metrics.horiBearingX = fromFixed(slot->metrics.horiBearingX);
-            metrics.horiBearingY = fromFixed(slot->metrics.horiBearingY);
-            metrics.horiAdvance = fromFixed(slot->metrics.horiAdvance);
-            metrics.vertBearingX = fromFixed(slot->metrics.vertBearingX);
-            metrics.vertBearingY = fromFixed(slot->metrics.vertBearingY);
-            metrics.vertAdvance = fromFixed(slot->metrics.vertAdvance);
-            metrics.ascender = ascender;
-            metrics.descender = descender;
-            glyph = PGlyph(bitmapToImage(bitmap.buffer, bitmap.width, bitmap.rows, bitmap.pitch,
-                                         bitmap.pixel_mode),
-                           metrics);
+        if (face.load(code, FT_LOAD_RENDER, metrics)) {
+            glyph = PGlyph(face.image(), metrics);
         }
-        if (!glyph.isValid()) {
-            glyph = PFontGlyphsCache::getDull(font, size, ascender, descender);
-        }
-        result[code] = glyph;
+        result[code] = glyph.isValid() ? glyph : dullGlyph(font, size, metrics);
     }
-    FT_Done_Face(face);
     return result;
+}
+
+std::map<unsigned int, PGlyph> TTFHelper::loadMetrics(
+    const PFontInfo& font, unsigned int size, const std::vector<unsigned int>& codes) const {
+    std::map<unsigned int, PGlyph> result;
+    const OpenFace face(d->library, font, size);
+    if (!face) {
+        return result;
+    }
+    for (unsigned int code : std::set<unsigned int>(codes.begin(), codes.end())) {
+        PGlyphMetrics metrics;
+        PGlyph glyph;
+        if (face.load(code, FT_LOAD_DEFAULT, metrics)) {
+            if (face.hasBitmap()) {
+                // A bitmap of the font's own is what rendering would give too.
+                glyph = PGlyph(face.image(), metrics);
+            } else if (face.wouldRender()) {
+                glyph.metrics = metrics;
+                glyph.pending = true;
+            }
+        }
+        result[code] = glyph.isValid() || glyph.pending ? glyph : dullGlyph(font, size, metrics);
+    }
+    return result;
+}
+
+PGlyph TTFHelper::loadGlyphPart(const PFontInfo& font, unsigned int size, unsigned int code,
+                                const WindowOf& windowOf) const {
+    const OpenFace face(d->library, font, size);
+    if (!face) {
+        return PGlyph();
+    }
+    PGlyphMetrics metrics;
+    const Window area = face.load(code, FT_LOAD_RENDER, metrics) ? face.bitmapArea() : Window();
+    if (area.width == 0 || area.height == 0) {
+        return dullGlyph(font, size, metrics);
+    }
+    const Window part =
+        windowOf(static_cast<unsigned>(area.width), static_cast<unsigned>(area.height))
+            .intersection(area);
+    metrics.horiBearingX += static_cast<int>(part.x);
+    metrics.horiBearingY -= static_cast<int>(part.y);
+    return PGlyph(face.image(&part), metrics);
 }
