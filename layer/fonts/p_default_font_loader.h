@@ -3,10 +3,10 @@
 #include "layer/fonts/p_glyph.h"
 
 // The built-in bitmap font "default": one ready bitmap for every size from 6 to 41 pixels and
-// each of its 86 characters, turned into glyphs all at once on first use.
+// each of its 86 characters, each turned into a glyph when it is first asked for.
 class PDefaultFontLoader {
 public:
-    // Builds the glyphs unless they are built; true when there are glyphs.
+    // Opens the table for getGlyph; true when it holds glyphs.
     static bool initializeFonts();
     static bool deinitializeFonts();
     static bool isInitialized();

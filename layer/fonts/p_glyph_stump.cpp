@@ -29,8 +29,8 @@ PGlyph stump2Glyph(const PGlyphStump& stump) {
     if (width == 0 || height == 0) {
         return PGlyph(PImage(width, height, PColor(PGlyph::kBackground, PColor::kNative)), metrics);
     }
-    // The whole table is unpacked at the first text of the process, so the pixels are written
-    // here in one pass rather than filled and then set one by one through the device.
+    // The pixels are written here in one pass rather than filled and then set one by one
+    // through the device.
     // Background 0x00FFFFFF and ink 0xFF000000, low byte first.
     PByteArray pixels(static_cast<unsigned char>(0xFF), 4ul * width * height);
     unsigned char* pixel = pixels.data();
