@@ -1,17 +1,58 @@
 #include "BarcodeLib/barcode_facade2.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
 #include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/abstract_barcode_strategy.h"
 #include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/barcode_space.h"
 #include "BarcodeLib/code_types.h"
 #include "BarcodeLib/guarded.h"
+#include "BarcodeLib/new_or_throw.h"
 #include "layer/fonts/p_system_font_helper.h"
 #include "layer/foundation/base64.h"
 
 namespace BarcodeVelko {
+
+namespace {
+
+// The linear symbologies whose symbol grows with the value: they have no capacity that would
+// refuse a long one.
+constexpr CodeType kGrowingTypes[] = {
+    CodeType::EAN128,          CodeType::Code39,    CodeType::Code128, CodeType::Standard2of5,
+    CodeType::Interleaved2of5, CodeType::Code39Ext, CodeType::Code93,  CodeType::Codabar,
+};
+
+bool growsWithValue(int type) {
+    return std::find(std::begin(kGrowingTypes), std::end(kGrowingTypes),
+                     static_cast<CodeType>(type)) != std::end(kGrowingTypes);
+}
+
+// A value too long for any picture, shortened to one that a growing symbology takes or refuses
+// as it would the whole: both ends as they are, each character of the middle once, and the
+// length even or odd as the whole's (the 2 of 5 codes pair their digits).
+std::wstring shortenedValue(const std::wstring& value) {
+    const std::size_t end = BarcodeFacade2::kMaxValueLength / 2;
+    if (value.size() <= 2 * end) {
+        return value;
+    }
+    std::wstring shortened = value.substr(0, end);
+    std::unordered_set<wchar_t> seen;
+    for (std::size_t i = end; i + end < value.size(); ++i) {
+        if (seen.insert(value[i]).second) {
+            shortened += value[i];
+        }
+    }
+    if (shortened.size() % 2 != value.size() % 2) {
+        shortened += value[end];
+    }
+    return shortened + value.substr(value.size() - end);
+}
+
+}  // namespace
 
 BarcodeFacade2::BarcodeFacade2() {
     std::vector<PFontInfo> systemFonts = PSystemFontHelper::getFontsInfo();
@@ -77,7 +118,9 @@ bool BarcodeFacade2::tryStrategy(int type, const wchar_t* value, std::wstring& t
     }
     const std::wstring code = value + checkSymbol;
     SmartPtr<AbstractBarcodeElement> tree;
-    if (!generateTree(*strategy, code.c_str(), pictureFirst(), pictureSecond(), tree)) {
+    if (code.size() > kMaxValueLength
+            ? !longCode(*strategy, type, code, value, pictureFirst(), pictureSecond(), tree)
+            : !generateTree(*strategy, code.c_str(), pictureFirst(), pictureSecond(), tree)) {
         return false;
     }
     if (codeText.empty()) {
@@ -110,8 +153,11 @@ bool BarcodeFacade2::tryStrategyRaw(int type, const wchar_t* value, std::wstring
     }
     // A raw value goes to the stacked symbologies with their own column and row counts.
     SmartPtr<AbstractBarcodeElement> tree;
-    if (!generateTree(*strategy, value, static_cast<int>(column2DCount),
-                      static_cast<int>(row2DCount), tree)) {
+    if (raw.size() > kMaxValueLength
+            ? !longCode(*strategy, type, raw, stem, static_cast<int>(column2DCount),
+                        static_cast<int>(row2DCount), tree)
+            : !generateTree(*strategy, value, static_cast<int>(column2DCount),
+                            static_cast<int>(row2DCount), tree)) {
         return false;
     }
     if (codeText.empty()) {
@@ -138,6 +184,37 @@ bool BarcodeFacade2::generateTree(AbstractBarcodeStrategy& strategy, const wchar
     });
     tree = generated;
     return built;
+}
+
+// No tree is built for a code that no picture can show. A symbology whose symbol grows with the
+// value takes it if it takes the code in full by checkRaw and the value shortened, with its own
+// check symbol, by generate; then a stand-in wider than any picture makes the picture say "size
+// too small", as the whole tree did. Every other symbology refuses it, as its capacity would.
+bool BarcodeFacade2::longCode(AbstractBarcodeStrategy& strategy, int type, const std::wstring& code,
+                              const std::wstring& stem, int first, int second,
+                              SmartPtr<AbstractBarcodeElement>& tree) {
+    if (!growsWithValue(type) || !guarded([&] { return strategy.checkRaw(code.c_str()); })) {
+        // What generateTree does before the strategy has its say.
+        if (textAlign == kAutoTextAlign) {
+            textAlign = strategy.getDefaultTextAlign();
+        }
+        return false;
+    }
+    const std::wstring shortened = shortenedValue(stem);
+    std::wstring check;
+    if (!guarded([&] { return strategy.calcCheckSymbol(shortened.c_str(), check); })) {
+        return false;
+    }
+    // The shortened code's text is not the code's.
+    const std::wstring text = codeText;
+    SmartPtr<AbstractBarcodeElement> shortenedTree;
+    const bool taken =
+        generateTree(strategy, (shortened + check).c_str(), first, second, shortenedTree);
+    codeText = text;
+    if (taken) {
+        tree = newOrThrow<BarcodeSpace>(PImage::kMaxSide + 1, 1u, false, false);
+    }
+    return taken;
 }
 
 int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int valueDataType) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -21,6 +22,11 @@ class BarcodeFacade2 {
 public:
     static constexpr unsigned kCodeTypeCount = BarcodeVelko::kCodeTypeCount;
     static constexpr unsigned kAutoTextAlign = 0xFFFFFFFF;
+    // The longest code, as the symbologies get it, that a picture can show: a picture is at most
+    // 8000 pixels a side, every character of a linear symbol takes a module of a pixel or more,
+    // and a matrix or stacked symbol holds at most 7089 characters. No tree is built for a
+    // longer one (docs/limits.md).
+    static constexpr std::size_t kMaxValueLength = 8000;
 
     BarcodeFacade2();
     ~BarcodeFacade2();
@@ -145,6 +151,11 @@ private:
     // with first and second; false when the strategy refuses code.
     bool generateTree(AbstractBarcodeStrategy& strategy, const wchar_t* code, int first, int second,
                       SmartPtr<AbstractBarcodeElement>& tree);
+    // In place of generateTree for a code longer than kMaxValueLength; stem is the code without
+    // its check symbol.
+    bool longCode(AbstractBarcodeStrategy& strategy, int type, const std::wstring& code,
+                  const std::wstring& stem, int first, int second,
+                  SmartPtr<AbstractBarcodeElement>& tree);
     // Where and how large the sized tree goes on the canvas.
     struct Placement {
         unsigned canvasWidth = 0;

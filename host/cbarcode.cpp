@@ -1,8 +1,8 @@
 #include "host/cbarcode.h"
 
-#include <clocale>
 #include <cmath>
 #include <cstring>
+#include <cwchar>
 #include <exception>
 #include <limits>
 #include <vector>
@@ -10,6 +10,7 @@
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
 #include "BarcodeLib/dm2png32.h"
+#include "BarcodeLib/process_locale.h"
 #include "host/cbarcode_properties.h"
 #include "host/text_forms.h"
 #include "host/wchar_wrapper.h"
@@ -53,19 +54,32 @@ void putFlag(VelkoVariant* value, bool flag) {
 }
 
 // A picture is made in the "C" locale. Afterwards the host's locale comes back whichever way
-// the picture ends: the one given to SetLocale, or else the one in force before.
+// the picture ends: the one given to SetLocale, or else the one in force before. The locale is
+// one for the process: it is changed and read only through BarcodeLib/process_locale.h.
 class LocaleScope {
 public:
     explicit LocaleScope(const std::string& hostLocale) {
-        const char* current = std::setlocale(LC_ALL, nullptr);
-        restore = !hostLocale.empty() ? hostLocale : current ? current : "C";
-        std::setlocale(LC_ALL, "C");
+        const std::string current = exchange_process_locale("C");
+        restore = !hostLocale.empty() ? hostLocale : !current.empty() ? current : "C";
     }
-    ~LocaleScope() { std::setlocale(LC_ALL, restore.c_str()); }
+    ~LocaleScope() { set_process_locale(restore); }
 
 private:
     std::string restore;
 };
+
+// CodeValue is the one text that the host can't read back. One longer than this, far more than
+// any value could need even as Base64 broken into lines, is cut here rather than copied whole:
+// the facade refuses it all the same (BarcodeFacade2::kMaxValueLength).
+constexpr std::size_t kLongestValueText = std::size_t(1) << 20;
+
+std::wstring valueText(const unsigned short* chars) {
+    std::size_t length = 0;
+    while (chars && length <= kLongestValueText && chars[length] != 0) {
+        ++length;
+    }
+    return chars ? std::wstring(chars, chars + length) : std::wstring();
+}
 
 }  // namespace
 
@@ -260,7 +274,9 @@ bool CBarcode::readVariant(const PropertyDescriptor& property, const VelkoVarian
             if (value.type != VariantWStr) {
                 return false;
             }
-            written = convFromShortWchar(value.str.chars);
+            written = std::wcscmp(property.names[0], L"CodeValue") == 0
+                          ? valueText(value.str.chars)
+                          : convFromShortWchar(value.str.chars);
             return true;
         case PropertyKind::Binary:
             if (value.type != VariantWStr) {
@@ -311,7 +327,9 @@ bool CBarcode::CallAsFunc(long method, VelkoVariant* returned, VelkoVariant* par
             case kFontAt:
                 return count == 1 && parameters && fontAt(returned, *parameters);
             case kFindFont:
-                if (count != 1 || !parameters) {
+                // A name must come as text: any other kind of parameter is no name.
+                if (count != 1 || !parameters || parameters->type != VariantWStr ||
+                    !parameters->str.chars) {
                     return false;
                 }
                 putFlag(returned, facade->findFont(convFromShortWchar(parameters->str.chars)));
@@ -355,8 +373,11 @@ bool CBarcode::fontAt(VelkoVariant* value, const VelkoVariant& parameter) {
     if (!facade || !memory) {
         return false;
     }
-    // The index is read whatever the tag says, as the platform passes it.
-    const int index = parameter.intValue;
+    // The index comes as a number, integer or double; any other kind of parameter is none.
+    int index = 0;
+    if (!CastVariantToI4(parameter, index)) {
+        return false;
+    }
     const std::wstring name = index < 0 ? std::wstring() : facade->getFontAt(index);
     if (name.empty()) {
         return false;
@@ -374,7 +395,7 @@ bool CBarcode::fontAt(VelkoVariant* value, const VelkoVariant& parameter) {
 
 void CBarcode::SetLocale(const unsigned short* name) {
     locale = wstr2str(convFromShortWchar(name)) + ".UTF-8";
-    std::setlocale(LC_ALL, locale.c_str());
+    set_process_locale(locale);
 }
 
 void CBarcode::addError(unsigned int code, const wchar_t* source, const wchar_t* description,

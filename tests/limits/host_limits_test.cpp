@@ -1,0 +1,137 @@
+// What a host sees of the bounds: method parameters read by their tags, and values too long
+// for any picture answered as before, without the trees they used to cost.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "tools/host/extension_library.h"
+#include "tools/host/extension_session.h"
+
+using VelkoHost::ExtensionLibrary;
+using VelkoHost::ExtensionSession;
+using VelkoHost::Value;
+
+namespace {
+
+constexpr long kFontAt = 1;
+constexpr long kFindFont = 2;
+
+const ExtensionLibrary& library() {
+    static const ExtensionLibrary loaded(ExtensionLibrary::defaultPath());
+    return loaded;
+}
+
+TEST(MethodParameters, AreReadAsTheirTagsSay) {
+    ASSERT_TRUE(library().loaded()) << library().error();
+    ExtensionSession session(library());
+    Value first;
+    ASSERT_TRUE(session.call(kFontAt, {0}, first));
+    ASSERT_TRUE(std::holds_alternative<std::string>(first));
+    const struct {
+        long method;
+        Value parameter;
+        bool answered;
+        Value result;
+    } cases[] = {
+        {kFontAt, 0.9, true, first},
+        {kFontAt, std::string("0"), false, Value()},
+        {kFontAt, true, false, Value()},
+        {kFontAt, Value(), false, Value()},
+        {kFindFont, first, true, true},
+        {kFindFont, std::string("No Such Font"), true, false},
+        // Once read as a pointer to a name: 5 is no address.
+        {kFindFont, 5, false, Value()},
+        {kFindFont, 2.5, false, Value()},
+        {kFindFont, false, false, Value()},
+        {kFindFont, Value(), false, Value()},
+    };
+    for (const auto& c : cases) {
+        Value result;
+        EXPECT_EQ(session.call(c.method, {c.parameter}, result), c.answered)
+            << c.method << " " << c.parameter.index();
+        EXPECT_EQ(result, c.result) << c.method << " " << c.parameter.index();
+    }
+    EXPECT_EQ(session.memory().outstanding(), 0u);
+}
+
+struct Answer {
+    bool written;
+    int codeType;
+    std::vector<unsigned char> picture;
+    std::string codeText;
+};
+
+// type -1: the object searches the type itself.
+Answer answerTo(int type, const std::string& value, int width = 300) {
+    ExtensionSession session(library());
+    if (type >= 0) {
+        session.set("CodeAuto", false);
+        session.set("CodeType", type);
+    }
+    session.set("Width", width);
+    Answer answer;
+    answer.written = session.set("CodeValue", value);
+    answer.picture = session.getBarcode();
+    EXPECT_EQ(std::get<int>(session.get("Result")), 1) << type;
+    answer.codeType = std::get<int>(session.get("CodeType"));
+    answer.codeText = std::get<std::string>(session.get("CodeText"));
+    return answer;
+}
+
+// A value one character longer than the longest that a picture can show gets the answer that
+// building its tree gave: the symbologies whose symbol grows with the value take it, and their
+// picture says it doesn't fit; the others refuse it.
+TEST(LongValues, GetTheAnswersTheirTreesGave) {
+    ASSERT_TRUE(library().loaded()) << library().error();
+    const std::vector<unsigned char> tooSmall = answerTo(4, "ABC", 10).picture;
+    const std::vector<unsigned char> invalid = answerTo(1, "ABC").picture;
+    ASSERT_NE(tooSmall, invalid);
+    const std::string digits(8001, '7');
+    const std::string letters(8001, 'A');
+    const std::string pairs(8002, '3');
+    const std::string codabar = "A" + std::string(8005, '1') + "B";
+    std::string cyrillic;
+    for (int i = 0; i < 8001; ++i) {
+        cyrillic += "Ж";
+    }
+    const struct {
+        int type;
+        const std::string& value;
+        int codeType;
+        const std::vector<unsigned char>& picture;
+        bool textIsValue;
+    } cases[] = {
+        {4, letters, 4, tooSmall, true},
+        {3, digits, 3, tooSmall, true},
+        {13, codabar, 13, tooSmall, true},
+        {13, digits, 13, invalid, false},
+        // An odd count of digits with the check digit: Interleaved 2 of 5 takes the value as
+        // raw, Standard 2 of 5 not at all.
+        {8, pairs, 8, tooSmall, true},
+        {7, pairs, 7, invalid, false},
+        {4, cyrillic, 4, invalid, false},
+        {16, digits, 16, invalid, false},
+        {1, digits, 1, invalid, false},
+        {20, letters, 20, invalid, false},
+        {-1, digits, 2, tooSmall, false},
+        {-1, letters, 2, tooSmall, false},
+    };
+    for (const auto& c : cases) {
+        const Answer answer = answerTo(c.type, c.value);
+        EXPECT_TRUE(answer.written) << c.type;
+        EXPECT_EQ(answer.codeType, c.codeType) << c.type;
+        EXPECT_TRUE(answer.picture == c.picture) << c.type << " " << c.codeType;
+        if (c.textIsValue) {
+            EXPECT_EQ(answer.codeText, c.value) << c.type;
+        }
+    }
+    // Past what the host's text is read to, the answer stays the same.
+    const Answer huge = answerTo(4, std::string((1 << 20) + 100, 'A'));
+    EXPECT_TRUE(huge.written);
+    EXPECT_TRUE(huge.picture == tooSmall);
+}
+
+}  // namespace
