@@ -1,5 +1,5 @@
-// What a host sees of the bounds: method parameters read by their tags, and values too long
-// for any picture answered as before, without the trees they used to cost.
+// What a host sees of the hardening: FindFont takes only a name, and values too long for any
+// picture are answered as before, without the trees they used to cost.
 
 #include <gtest/gtest.h>
 
