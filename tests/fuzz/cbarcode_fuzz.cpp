@@ -5,6 +5,7 @@
 //   first line     the code type (CodeAuto=false, then CodeType), or "auto"
 //   NAME=VALUE     a property write by English or Russian name; #INDEX=VALUE by index
 //   =TEXT          CodeValue
+//   ~N=TEXT        CodeValue: TEXT repeated to N characters, at most 20000
 //   @FontAt=VALUE  a method call with one parameter (@FindFont likewise)
 //   !              the host's next allocation fails
 //   --             GetBarcode, and every property read back
@@ -29,6 +30,7 @@ constexpr std::size_t kMaxLines = 64;
 constexpr int kMaxPictures = 3;
 // Pictures larger than this only cost time here; the sizes up to 8000 have tests of their own.
 constexpr int kMaxSide = 1200;
+constexpr long long kMaxRepeated = 20000;
 constexpr long kWidth = 24;
 constexpr long kHeight = 25;
 
@@ -126,6 +128,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             session.memory().failNextAllocation();
         } else if (!line.empty() && line[0] == '=') {
             session.set("CodeValue", std::string(line.substr(1)));
+        } else if (const std::size_t equals = line.find('=');
+                   !line.empty() && line[0] == '~' && equals != std::string_view::npos) {
+            // Long values, past what any picture can show, from a short input.
+            long long length = 0;
+            const std::string_view unit = line.substr(equals + 1);
+            if (readInt(line.substr(1, equals - 1), length) && !unit.empty()) {
+                std::string value;
+                while (static_cast<long long>(value.size()) < std::min(length, kMaxRepeated)) {
+                    value += unit;
+                }
+                session.set("CodeValue", value);
+            }
         } else if (const std::size_t equals = line.find('='); equals != std::string_view::npos) {
             const std::string_view name = line.substr(0, equals);
             const Value value = typed(line.substr(equals + 1));

@@ -40,6 +40,8 @@ EXTRA = {
     "refusals": ("4", "refused", ["BarAlign=7", "ТипКода=99", "AspectRatio=wide", "Font=s:",
                                   "#18=i:5", "#41=n:", "--", "CanvasMargin=-1"]),
     "base64": ("16", "", ["InputDataType=1", "=0JPQvtC70L7QstCw", "--", "=!!notbase64"]),
+    "long_values": ("4", "", ["~9000=AB", "--", "CodeIsRaw=b:1", "~8002=3", "--", "CodeType=8",
+                              "~12000=A", "--", "CodeAuto=b:1", "~8001=(01)"]),
 }
 
 
