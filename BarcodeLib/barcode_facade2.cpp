@@ -1,7 +1,6 @@
 #include "BarcodeLib/barcode_facade2.h"
 
 #include <algorithm>
-#include <iterator>
 #include <unordered_set>
 #include <utility>
 
@@ -18,18 +17,6 @@
 namespace BarcodeVelko {
 
 namespace {
-
-// The linear symbologies whose symbol grows with the value: they have no capacity that would
-// refuse a long one.
-constexpr CodeType kGrowingTypes[] = {
-    CodeType::EAN128,          CodeType::Code39,    CodeType::Code128, CodeType::Standard2of5,
-    CodeType::Interleaved2of5, CodeType::Code39Ext, CodeType::Code93,  CodeType::Codabar,
-};
-
-bool growsWithValue(int type) {
-    return std::find(std::begin(kGrowingTypes), std::end(kGrowingTypes),
-                     static_cast<CodeType>(type)) != std::end(kGrowingTypes);
-}
 
 // A value too long for any picture, shortened to one that a growing symbology takes or refuses
 // as it would the whole: both ends as they are, each character of the middle once, and the
@@ -110,9 +97,6 @@ bool BarcodeFacade2::tryStrategy(int type, const wchar_t* value, std::wstring& t
         throw BarcodeException::OutOfMemory();
     }
     SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(type));
-    if (!strategy) {
-        return false;
-    }
     if (!guarded([&] { return strategy->calcCheckSymbol(value, checkSymbol); })) {
         return false;
     }
@@ -145,9 +129,6 @@ bool BarcodeFacade2::tryStrategyRaw(int type, const wchar_t* value, std::wstring
     }
     const std::wstring stem = raw.substr(0, raw.size() - 1);
     SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(type));
-    if (!strategy) {
-        return false;
-    }
     if (!guarded([&] { return strategy->calcCheckSymbol(stem.c_str(), checkSymbol); })) {
         return false;
     }
@@ -193,7 +174,8 @@ bool BarcodeFacade2::generateTree(AbstractBarcodeStrategy& strategy, const wchar
 bool BarcodeFacade2::longCode(AbstractBarcodeStrategy& strategy, int type, const std::wstring& code,
                               const std::wstring& stem, int first, int second,
                               SmartPtr<AbstractBarcodeElement>& tree) {
-    if (!growsWithValue(type) || !guarded([&] { return strategy.checkRaw(code.c_str()); })) {
+    if (!g_codeTypes[type].growsWithValue ||
+        !guarded([&] { return strategy.checkRaw(code.c_str()); })) {
         // What generateTree does before the strategy has its say.
         if (textAlign == kAutoTextAlign) {
             textAlign = strategy.getDefaultTextAlign();

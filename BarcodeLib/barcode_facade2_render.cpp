@@ -9,7 +9,6 @@
 #include "BarcodeLib/abstract_barcode_visitor.h"
 #include "BarcodeLib/barcode_canvas.h"
 #include "BarcodeLib/barcode_canvas_memory_impl.h"
-#include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
 #include "BarcodeLib/logo_step.h"
 
@@ -105,9 +104,6 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
     }
 
     SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
-    if (!strategy) {
-        throw BarcodeException::Unexpected();
-    }
     const unsigned textSize = textVisible ? std::max(fontSize, kMinFontSize) : 0;
     placement.textSize = std::min(textSize, height / 2);
     SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(

@@ -59,6 +59,9 @@ struct CodeTypeRow {
     // A picture that fits the demo value comfortably.
     unsigned demoWidth;
     unsigned demoHeight;
+    // A linear symbol that grows with its value, without a capacity that would refuse a long
+    // one.
+    bool growsWithValue = false;
     // What the gallery draws in place of a demo value that the type can't encode (UTF-8).
     const char* galleryValue = nullptr;
 };

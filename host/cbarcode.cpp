@@ -373,11 +373,8 @@ bool CBarcode::fontAt(VelkoVariant* value, const VelkoVariant& parameter) {
     if (!facade || !memory) {
         return false;
     }
-    // The index comes as a number, integer or double; any other kind of parameter is none.
-    int index = 0;
-    if (!CastVariantToI4(parameter, index)) {
-        return false;
-    }
+    // The index is read whatever the tag says, as the platform passes it.
+    const int index = parameter.intValue;
     const std::wstring name = index < 0 ? std::wstring() : facade->getFontAt(index);
     if (name.empty()) {
         return false;
