@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds and runs the whole test suite twice: a plain build, then one under ASan and UBSan.
+# Builds and runs the whole test suite twice, a plain build and one under ASan and UBSan; then
+# the thread test under ThreadSanitizer and each fuzz target for a minute (both with clang).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 jobs=$(nproc)
@@ -15,3 +16,5 @@ run() {
 run build
 ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
     run build-sanitize -DVELKO_SANITIZE=ON
+bash scripts/run-tsan.sh
+bash scripts/run-fuzz.sh 60
