@@ -14,12 +14,13 @@ public:
     PByteArrayPrivate& operator=(const PByteArrayPrivate&) = delete;
     ~PByteArrayPrivate() { delete[] data; }
 
-    // Zero-filled; false if there is a buffer already or nothing to allocate.
+    // Not filled: every caller writes the whole buffer at once, and a picture's buffer is
+    // megabytes. False if there is a buffer already or nothing to allocate.
     bool allocate(uint32_t bytes) {
         if (data || bytes == 0) {
             return false;
         }
-        data = new unsigned char[bytes]();
+        data = new unsigned char[bytes];
         size = bytes;
         return true;
     }
