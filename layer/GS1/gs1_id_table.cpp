@@ -35,7 +35,7 @@ struct GS1IdRun {
     const char* description;
 };
 
-// The application identifiers of GS1 General Specifications, figure 3.2-1 "GS1 Application
+// The application identifiers of the GS1 standard's figure 3.2-1 "GS1 Application
 // Identifiers", as lengths of the fixed and the variable part of the data and whether a
 // separator follows the element; from 3230 on the rows carry no text.
 const GS1IdRun g_aGS1IdRuns[] = {
