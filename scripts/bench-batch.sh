@@ -9,14 +9,14 @@ tool=${VELKO_CLI:-build-release/tools/cli/velko-barcode}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 count=10000
-for ((i = 0; i < count; i++)); do
-    stem=$(printf '%012d' $((400638133000 + i * 7919)))
-    sum=0
-    for ((d = 0; d < 12; d++)); do
-        sum=$((sum + ${stem:d:1} * (d % 2 ? 3 : 1)))
-    done
-    echo "$stem$(((10 - sum % 10) % 10))"
-done >"$work/values.txt"
+awk -v n="$count" 'BEGIN {
+    for (i = 0; i < n; i++) {
+        stem = sprintf("%012d", 400638133000 + i * 7919)
+        sum = 0
+        for (d = 1; d <= 12; d++) sum += substr(stem, d, 1) * (d % 2 ? 1 : 3)
+        print stem (10 - sum % 10) % 10
+    }
+}' >"$work/values.txt"
 
 rate() {
     local start end
