@@ -17,14 +17,19 @@ std::vector<unsigned char> renderPng(BarcodeFacade2& facade) {
                                   image.bytesPerPixel(), nullptr);
 }
 
-// One symbology at the picture size of the two arguments, width and height.
-void renderPicture(benchmark::State& state, unsigned codeType, const std::wstring& value) {
-    BarcodeFacade2 facade;
+// The symbology and value at the picture size of the two arguments, width and height.
+void setUp(BarcodeFacade2& facade, const benchmark::State& state, unsigned codeType,
+           const std::wstring& value) {
     facade.setCodeAuto(false);
     facade.setCodeType(codeType);
     facade.setColumnCount(static_cast<unsigned>(state.range(0)));
     facade.setRowCount(static_cast<unsigned>(state.range(1)));
     facade.setCodeValue(value.c_str());
+}
+
+void renderPicture(benchmark::State& state, unsigned codeType, const std::wstring& value) {
+    BarcodeFacade2 facade;
+    setUp(facade, state, codeType, value);
     for (auto _ : state) {
         std::vector<unsigned char> png = renderPng(facade);
         benchmark::DoNotOptimize(png.data());
@@ -64,11 +69,7 @@ BENCHMARK(QRVersion40)->Args({600, 600})->Unit(benchmark::kMicrosecond);
 // The PNG step alone, on a picture drawn once; the counter is the PNG's size in bytes.
 void pngStep(benchmark::State& state, unsigned codeType, const std::wstring& value) {
     BarcodeFacade2 facade;
-    facade.setCodeAuto(false);
-    facade.setCodeType(codeType);
-    facade.setColumnCount(static_cast<unsigned>(state.range(0)));
-    facade.setRowCount(static_cast<unsigned>(state.range(1)));
-    facade.setCodeValue(value.c_str());
+    setUp(facade, state, codeType, value);
     const PImage image = facade.draw();
     size_t bytes = 0;
     for (auto _ : state) {
