@@ -11,7 +11,6 @@
 #include "BarcodeLib/code_types.h"
 #include "BarcodeLib/guarded.h"
 #include "BarcodeLib/new_or_throw.h"
-#include "layer/fonts/p_system_font_helper.h"
 #include "layer/foundation/base64.h"
 
 namespace BarcodeVelko {
@@ -41,19 +40,7 @@ std::wstring shortenedValue(const std::wstring& value) {
 
 }  // namespace
 
-BarcodeFacade2::BarcodeFacade2() {
-    std::vector<PFontInfo> systemFonts = PSystemFontHelper::getFontsInfo();
-    if (systemFonts.empty()) {
-        return;
-    }
-    std::sort(systemFonts.begin(), systemFonts.end(),
-              [](const PFontInfo& a, const PFontInfo& b) { return a.name < b.name; });
-    {
-        std::lock_guard<std::mutex> lock(mutex);
-        fonts = std::move(systemFonts);
-    }
-    setFont(L"default");
-}
+BarcodeFacade2::BarcodeFacade2() = default;
 
 BarcodeFacade2::~BarcodeFacade2() = default;
 

@@ -93,11 +93,13 @@ public:
     void setFontSize(unsigned value);
     void setCodeText(const wchar_t* value);
 
-    // Fonts: the sorted list of the system's fonts and the one in use.
+    // Fonts: the sorted list of the system's fonts and the one in use. The list is made at the
+    // first of these calls, not with the object: listing the system's fonts costs more than a
+    // first picture, and a picture in the built-in font needs no list.
     std::wstring getFont() const;
     void setFont(const std::wstring& name);
     bool findFont(const std::wstring& name);
-    unsigned getFontCount() const { return static_cast<unsigned>(fonts.size()); }
+    unsigned getFontCount() const;
     std::wstring getFontAt(unsigned index) const;
 
     // "X:Y", read with the scan format "%d:%d".
@@ -163,6 +165,9 @@ private:
         unsigned textSize = 0;
         unsigned x = 0;
         unsigned y = 0;
+        // The sized tree's: each measure walks the whole tree.
+        unsigned symbolWidth = 0;
+        unsigned symbolHeight = 0;
     };
     // Generates the tree for this picture and sizes it; an error that stops the picture is
     // returned.
@@ -170,10 +175,15 @@ private:
     // The placed tree on a new canvas; an empty image with lastError set when that fails.
     PImage paintTree(const Placement& placement);
     PImage drawErrorImage() const;
+    // Lists the system's fonts once for this object; with fonts, the one in use becomes the
+    // built-in "default", as it stays (empty) where there are none.
+    void listFonts() const;
 
     std::wstring fileName;
-    std::vector<PFontInfo> fonts;
-    PFontInfo font;
+    mutable bool fontsListed = false;
+    mutable std::vector<PFontInfo> fonts;
+    // Empty until listFonts finds fonts; drawn as the built-in font either way.
+    mutable PFontInfo font;
     unsigned fontSize = 10;
     int maxFontSizeForHinting = 16;
     unsigned textColor = 0xFF000000;

@@ -4,6 +4,7 @@
 #include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
+#include "layer/fonts/p_system_font_helper.h"
 
 namespace BarcodeVelko {
 
@@ -154,7 +155,26 @@ void BarcodeFacade2::setCodeText(const wchar_t* value) {
     codeText = value;
 }
 
+void BarcodeFacade2::listFonts() const {
+    if (fontsListed) {
+        return;
+    }
+    fontsListed = true;
+    std::vector<PFontInfo> systemFonts = PSystemFontHelper::getFontsInfo();
+    if (systemFonts.empty()) {
+        return;
+    }
+    std::sort(systemFonts.begin(), systemFonts.end(),
+              [](const PFontInfo& a, const PFontInfo& b) { return a.name < b.name; });
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        fonts = std::move(systemFonts);
+    }
+    font = PFontInfo(kDefaultFont);
+}
+
 std::wstring BarcodeFacade2::getFont() const {
+    listFonts();
     if (font.name.empty()) {
         throw BarcodeException::Unexpected();
     }
@@ -165,6 +185,7 @@ void BarcodeFacade2::setFont(const std::wstring& name) {
     if (name.empty()) {
         throw BarcodeException::FontWrongValue();
     }
+    listFonts();
     if (name != kDefaultFont) {
         std::lock_guard<std::mutex> lock(mutex);
         if (const PFontInfo* entry = entryNamed(fonts, name)) {
@@ -177,11 +198,18 @@ void BarcodeFacade2::setFont(const std::wstring& name) {
 }
 
 bool BarcodeFacade2::findFont(const std::wstring& name) {
+    listFonts();
     std::lock_guard<std::mutex> lock(mutex);
     return entryNamed(fonts, name) != nullptr;
 }
 
+unsigned BarcodeFacade2::getFontCount() const {
+    listFonts();
+    return static_cast<unsigned>(fonts.size());
+}
+
 std::wstring BarcodeFacade2::getFontAt(unsigned index) const {
+    listFonts();
     return index < fonts.size() ? fonts[index].name : std::wstring();
 }
 
