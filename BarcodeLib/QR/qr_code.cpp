@@ -1,5 +1,8 @@
 #include "BarcodeLib/QR/qr_code.h"
 
+#include <mutex>
+#include <string>
+
 #include "BarcodeLib/QR/qr_encoded_data.h"
 #include "BarcodeLib/QR/qr_masking.h"
 #include "BarcodeLib/QR/qr_tables.h"
@@ -27,8 +30,49 @@ bool QRcode::getImage(const char* data, ErrorCorrectionLevels level, short image
     return true;
 }
 
+namespace {
+
+// The last symbol encoded: a value is encoded when the host writes it and again for each of its
+// pictures, and the mask search is the larger part of a picture.
+struct LastSymbol {
+    std::mutex mutex;
+    std::string data;
+    ErrorCorrectionLevels level = LevelM;
+    bool dataIsBits = false;
+    QRSymbol symbol;
+};
+
+LastSymbol& lastSymbol() {
+    static LastSymbol last;
+    return last;
+}
+
+}  // namespace
+
 bool QRcode::encodeSymbol(const char* data, ErrorCorrectionLevels level, bool dataIsBits,
                           QRSymbol& symbol) {
+    LastSymbol& last = lastSymbol();
+    {
+        std::lock_guard<std::mutex> lock(last.mutex);
+        if (last.symbol.versionIndex >= 0 && last.level == level && last.dataIsBits == dataIsBits &&
+            last.data == data) {
+            symbol = last.symbol;
+            return true;
+        }
+    }
+    if (!encodeFresh(data, level, dataIsBits, symbol)) {
+        return false;
+    }
+    std::lock_guard<std::mutex> lock(last.mutex);
+    last.data = data;
+    last.level = level;
+    last.dataIsBits = dataIsBits;
+    last.symbol = symbol;
+    return true;
+}
+
+bool QRcode::encodeFresh(const char* data, ErrorCorrectionLevels level, bool dataIsBits,
+                         QRSymbol& symbol) {
     QRBitStream bits;
     short versionIndex = -1;
     if (!getEncodedData(data, level, bits, versionIndex, dataIsBits)) {

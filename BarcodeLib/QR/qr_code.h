@@ -28,7 +28,8 @@ public:
     static bool getImage(const char* data, ErrorCorrectionLevels level, short imageSize,
                          std::unique_ptr<BitmapMatrix>& out, bool dataIsBits);
 
-    // The unscaled symbol; false when the message is too long for the level.
+    // The unscaled symbol; false when the message is too long for the level. The last symbol
+    // is kept for a next call with the same message and level.
     static bool encodeSymbol(const char* data, ErrorCorrectionLevels level, bool dataIsBits,
                              QRSymbol& symbol);
 
@@ -41,4 +42,8 @@ public:
     static void drawAllAlignmentPatterns(BitmapMatrix& matrix, short versionIndex);
     static void drawSynchronizationLine(BitmapMatrix& matrix, int modulesPerSide);
     static void drawVersionCode(BitmapMatrix& matrix, short versionIndex);
+
+private:
+    static bool encodeFresh(const char* data, ErrorCorrectionLevels level, bool dataIsBits,
+                            QRSymbol& symbol);
 };

@@ -6,7 +6,12 @@
 
 void drawData(const QRBitStream& bits, int modulesPerSide, BitmapMatrix& matrix,
               MaskFunction mask) {
-    drawDataAt(dataModules(matrix, modulesPerSide), bits, matrix, mask);
+    const std::vector<QRModule> modules = dataModules(matrix, modulesPerSide);
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+        const QRModule m = modules[i];
+        const bool bit = i < bits.size() && bits[i] != 0;
+        matrix.drawModul(m.x, m.y, bit != (mask(m.x, m.y) == 0));
+    }
 }
 
 std::vector<QRModule> dataModules(const BitmapMatrix& matrix, int modulesPerSide) {
@@ -30,15 +35,6 @@ std::vector<QRModule> dataModules(const BitmapMatrix& matrix, int modulesPerSide
         upwards = !upwards;
     }
     return modules;
-}
-
-void drawDataAt(const std::vector<QRModule>& modules, const QRBitStream& bits, BitmapMatrix& matrix,
-                MaskFunction mask) {
-    for (std::size_t i = 0; i < modules.size(); ++i) {
-        const QRModule m = modules[i];
-        const bool bit = i < bits.size() && bits[i] != 0;
-        matrix.drawModul(m.x, m.y, bit != (mask(m.x, m.y) == 0));
-    }
 }
 
 Color getColor(ErrorCorrectionLevels level, int mask, int bitIndex) {

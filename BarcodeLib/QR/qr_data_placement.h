@@ -21,9 +21,6 @@ struct QRModule {
 
 // The empty modules in the order in which drawData fills them.
 std::vector<QRModule> dataModules(const BitmapMatrix& matrix, int modulesPerSide);
-// drawData on modules found before: the same for every mask, so the search finds them once.
-void drawDataAt(const std::vector<QRModule>& modules, const QRBitStream& bits, BitmapMatrix& matrix,
-                MaskFunction mask);
 
 // Colour of one bit of the format information.
 Color getColor(ErrorCorrectionLevels level, int mask, int bitIndex);

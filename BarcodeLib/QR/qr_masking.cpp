@@ -1,5 +1,10 @@
 #include "BarcodeLib/QR/qr_masking.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <vector>
+
 #include "BarcodeLib/QR/qr_tables.h"
 
 int zeroMask(int x, int y) {
@@ -42,20 +47,69 @@ namespace {
 constexpr int kBlockPoints = 3;
 constexpr int kShortestScoredRun = 5;
 constexpr int kInitialBestScore = 30000;
+// Every mask repeats itself after 12 modules, across and down.
+constexpr int kMaskPeriod = 12;
 
-// Length of the run of equal colour that starts at index k of a line of length cells, the
-// cells step apart.
-int runLength(const unsigned char* line, int step, int k, int length) {
-    const unsigned char color = line[k * step];
-    int end = k + 1;
-    while (end < length && line[end * step] == color) {
-        ++end;
-    }
-    return end - k;
+// Bit m of [x][y]: mask m inverts the module at column x, row y, both taken modulo the period.
+using MaskPhases = std::array<std::array<unsigned char, kMaskPeriod>, kMaskPeriod>;
+
+const MaskPhases& maskPhases() {
+    static const MaskPhases phases = [] {
+        MaskPhases table{};
+        for (int x = 0; x < kMaskPeriod; ++x) {
+            for (int y = 0; y < kMaskPeriod; ++y) {
+                for (int mask = 0; mask < kMaskCount; ++mask) {
+                    const bool inverts = kMaskFunctions[mask](x, y) == 0;
+                    table[x][y] |= static_cast<unsigned char>(inverts << mask);
+                }
+            }
+        }
+        return table;
+    }();
+    return phases;
 }
 
-int runPoints(int length) {
-    return length >= kShortestScoredRun ? length - 2 : 0;
+// The colour of each data module under every mask, one bit a mask: set for black.
+std::vector<unsigned char> maskedColours(const std::vector<QRModule>& modules,
+                                         const QRBitStream& bits) {
+    const MaskPhases& phases = maskPhases();
+    std::vector<unsigned char> colours(modules.size());
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+        const unsigned char bit = i < bits.size() && bits[i] != 0 ? 0xFF : 0;
+        colours[i] = bit ^ phases[modules[i].x % kMaskPeriod][modules[i].y % kMaskPeriod];
+    }
+    return colours;
+}
+
+void drawMaskedData(const std::vector<QRModule>& modules, const std::vector<unsigned char>& colours,
+                    int mask, BitmapMatrix& matrix) {
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+        matrix.drawModul(modules[i].x, modules[i].y, ((colours[i] >> mask) & 1) != 0);
+    }
+}
+
+// Where each run of equal colour starts along a line of length cells, the cells step apart;
+// starts gets one more entry, the length. Returns the number of runs. Without branches: a
+// colour change is as good as random.
+int runStarts(const unsigned char* line, int step, int length, int* starts) {
+    int count = 1;
+    starts[0] = 0;
+    for (int k = 1; k < length; ++k) {
+        starts[count] = k;
+        count += line[k * step] != line[(k - 1) * step];
+    }
+    starts[count] = length;
+    return count;
+}
+
+// Points of the first runs of a line.
+int runPoints(const int* starts, int runs) {
+    int points = 0;
+    for (int i = 0; i < runs; ++i) {
+        const int length = starts[i + 1] - starts[i];
+        points += length >= kShortestScoredRun ? length - 2 : 0;
+    }
+    return points;
 }
 
 }  // namespace
@@ -76,20 +130,17 @@ short CalculatePenaltyPoints(const BitmapMatrix& matrix, int modulesPerSide) {
     }
     points += blocks * kBlockPoints;
 
-    // Row d runs along x, so its cells lie a whole column apart.
+    // The half row and the half column from each diagonal cell are walked run by run side by
+    // side, until either ends. Row d runs along x, so its cells lie a whole column apart.
     const int rowStep = matrix.getSize();
+    std::vector<int> rowRuns(static_cast<std::size_t>(n) + 1);
+    std::vector<int> columnRuns(static_cast<std::size_t>(n) + 1);
     for (int d = 0; d < n; ++d) {
         const int length = n - d;
         const unsigned char* diagonal = matrix.modulColumn(d) + d;
-        int rowAt = 0;
-        int columnAt = 0;
-        while (rowAt < length && columnAt < length) {
-            const int rowRun = runLength(diagonal, rowStep, rowAt, length);
-            const int columnRun = runLength(diagonal, 1, columnAt, length);
-            points += runPoints(rowRun) + runPoints(columnRun);
-            rowAt += rowRun;
-            columnAt += columnRun;
-        }
+        const int walked = std::min(runStarts(diagonal, rowStep, length, rowRuns.data()),
+                                    runStarts(diagonal, 1, length, columnRuns.data()));
+        points += runPoints(rowRuns.data(), walked) + runPoints(columnRuns.data(), walked);
     }
     return static_cast<short>(points);
 }
@@ -103,12 +154,11 @@ int getOptimalMaskedImageMatrix(BitmapMatrix& matrix, const QRBitStream& bits,
     // found once, with it in place.
     drawMaskCode(level, modulesPerSide, candidate, 0);
     const std::vector<QRModule> modules = dataModules(candidate, modulesPerSide);
+    const std::vector<unsigned char> colours = maskedColours(modules, bits);
+    // Each mask draws over the format information and every data module of the one before.
     for (int mask = 0; mask < kMaskCount; ++mask) {
-        if (mask > 0) {
-            candidate = matrix;
-        }
         drawMaskCode(level, modulesPerSide, candidate, mask);
-        drawDataAt(modules, bits, candidate, kMaskFunctions[mask]);
+        drawMaskedData(modules, colours, mask, candidate);
         const short score = CalculatePenaltyPoints(candidate, modulesPerSide);
         if (score < bestScore) {
             bestScore = score;
@@ -116,6 +166,6 @@ int getOptimalMaskedImageMatrix(BitmapMatrix& matrix, const QRBitStream& bits,
         }
     }
     drawMaskCode(level, modulesPerSide, matrix, bestMask);
-    drawDataAt(modules, bits, matrix, kMaskFunctions[bestMask]);
+    drawMaskedData(modules, colours, bestMask, matrix);
     return bestMask;
 }
