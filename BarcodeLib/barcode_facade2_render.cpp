@@ -59,7 +59,8 @@ PImage BarcodeFacade2::draw2mem() {
             result = paintTree(placement);
             if (codeType == static_cast<unsigned>(CodeType::QR)) {
                 stampLogo(result, logo, logoSizePercent, static_cast<int>(placement.x),
-                          static_cast<int>(placement.y), root->getWidth(), root->getHeight());
+                          static_cast<int>(placement.y), placement.symbolWidth,
+                          placement.symbolHeight);
             }
         }
     } catch (...) {
@@ -111,8 +112,10 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
         static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
     root->visit(visitor.get());
 
-    const unsigned rootHeight = root->getHeight();
-    placement.x = centred(placement.canvasWidth, root->getWidth());
+    placement.symbolWidth = root->getWidth();
+    placement.symbolHeight = root->getHeight();
+    const unsigned rootHeight = placement.symbolHeight;
+    placement.x = centred(placement.canvasWidth, placement.symbolWidth);
     // A picture turned by 180 degrees has its top and bottom exchanged.
     const bool upsideDown = canvasRotation == 180;
     placement.y = 0;

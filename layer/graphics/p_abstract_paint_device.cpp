@@ -3,6 +3,13 @@
 #include <algorithm>
 #include <cstring>
 
+namespace {
+
+// Widest span, in pixels, that is stored pixel by pixel rather than copied.
+constexpr unsigned kNarrowSpan = 8;
+
+}  // namespace
+
 std::unique_ptr<PAbstractPaintDevice> PAbstractPaintDevice::fragment(int, int, unsigned, unsigned) {
     return nullptr;
 }
@@ -41,6 +48,23 @@ void PAbstractPaintDevice::fillRows(unsigned char* data, unsigned pitch, unsigne
     unsigned char* first =
         data + static_cast<size_t>(y) * pitch + static_cast<size_t>(x) * bytesPerPixel;
     const size_t span = static_cast<size_t>(width) * bytesPerPixel;
+    // Pixels of four bytes, the pictures' own, are stored one by one where a copy call would
+    // cost more: the first row, and every row of a narrow bar (most of a linear symbol).
+    if (bytesPerPixel == 4) {
+        unsigned char pixel[4];
+        storePixel(pixel, 4, value);
+        for (unsigned row = 0; row < height; ++row) {
+            unsigned char* target = first + static_cast<size_t>(row) * pitch;
+            if (row > 0 && width > kNarrowSpan) {
+                std::memcpy(target, first, span);
+                continue;
+            }
+            for (unsigned column = 0; column < width; ++column) {
+                std::memcpy(target + 4 * column, pixel, 4);
+            }
+        }
+        return;
+    }
     storePixel(first, bytesPerPixel, value);
     // The span doubles itself: a few large copies instead of a store per pixel.
     for (size_t filled = bytesPerPixel; filled < span;) {
