@@ -43,9 +43,14 @@ void Code39(benchmark::State& state) {
     renderPicture(state, 3, L"CODE39");
 }
 
-BENCHMARK(Code39)->Args({150, 100})->Args({1000, 500})->Unit(benchmark::kMicrosecond);
+BENCHMARK(Code39)
+    ->Args({150, 100})
+    ->Args({300, 150})
+    ->Args({1000, 500})
+    ->Unit(benchmark::kMicrosecond);
 
-// A shipping text of that many bytes: 200 take version 10 at level M, 2300 version 40.
+// A shipping text of that many bytes: 20 take version 2 at level M, 200 version 10 at level M, 2300
+// version 40.
 std::wstring qrMessage(size_t bytes) {
     static const wchar_t kText[] = L"Ship to: 221B Baker Street, London NW1 6XE; ";
     std::wstring text;
@@ -53,6 +58,10 @@ std::wstring qrMessage(size_t bytes) {
         text += kText[i % (sizeof(kText) / sizeof(kText[0]) - 1)];
     }
     return text;
+}
+
+void QRVersion2(benchmark::State& state) {
+    renderPicture(state, 16, qrMessage(20));
 }
 
 void QRVersion10(benchmark::State& state) {
@@ -63,6 +72,7 @@ void QRVersion40(benchmark::State& state) {
     renderPicture(state, 16, qrMessage(2300));
 }
 
+BENCHMARK(QRVersion2)->Args({300, 300})->Unit(benchmark::kMicrosecond);
 BENCHMARK(QRVersion10)->Args({600, 600})->Unit(benchmark::kMicrosecond);
 BENCHMARK(QRVersion40)->Args({600, 600})->Unit(benchmark::kMicrosecond);
 

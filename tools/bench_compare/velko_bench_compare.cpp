@@ -173,8 +173,8 @@ int main() {
         {"QR version 10 1000x1000", 16, BARCODE_QRCODE, shippingText(200), 1000, 1000},
         {"QR version 40 1000x1000", 16, BARCODE_QRCODE, shippingText(2300), 1000, 1000},
     };
-    std::printf("%-24s %11s %12s %6s %12s %6s  %s\n", "case", "GetBarcode", "zint+LodePNG", "ratio",
-                "zint+libdefl", "ratio", "read back (ours / zint)");
+    std::printf("%-24s %11s %11s %12s %6s %12s %6s  %s\n", "case", "GetBarcode", "+ value",
+                "zint+LodePNG", "ratio", "zint+libdefl", "ratio", "read back (ours / zint)");
     int status = 0;
     for (const Case& c : cases) {
         ExtensionSession session(library);
@@ -183,6 +183,7 @@ int main() {
         session.set("Width", c.width);
         session.set("Height", c.height);
         session.set("CodeValue", c.value);
+        const long valueIndex = session.propIndex("CodeValue");
         ZintSide zint(c);
 
         const bool oursRead = read(session.getBarcode());
@@ -190,6 +191,7 @@ int main() {
         status |= oursRead && zintRead ? 0 : 1;
 
         double ours = 1e300;
+        double oursWritten = 1e300;
         double theirs = 1e300;
         double theirsFast = 1e300;
         for (int i = 0; i < kRepetitions; ++i) {
@@ -197,15 +199,21 @@ int main() {
             std::vector<unsigned char> png = session.getBarcode();
             ours = std::min(ours, threadMicroseconds() - start);
             start = threadMicroseconds();
+            session.set(valueIndex, c.value);
+            png = session.getBarcode();
+            oursWritten = std::min(oursWritten, threadMicroseconds() - start);
+            start = threadMicroseconds();
             png = zint.png(c.value, false);
             theirs = std::min(theirs, threadMicroseconds() - start);
             start = threadMicroseconds();
             png = zint.png(c.value, true);
             theirsFast = std::min(theirsFast, threadMicroseconds() - start);
         }
-        std::printf("%-24s %8.0f us %9.0f us %6.2f %9.0f us %6.2f  %s / %s\n", c.name, ours, theirs,
-                    ours / theirs, theirsFast, ours / theirsFast, oursRead ? "yes" : "NO",
-                    zintRead ? "yes" : "NO");
+        // The ratios take the slower of ours: a new value written, then its picture.
+        const double ours2 = std::max(ours, oursWritten);
+        std::printf("%-24s %8.0f us %8.0f us %9.0f us %6.2f %9.0f us %6.2f  %s / %s\n", c.name,
+                    ours, oursWritten, theirs, ours2 / theirs, theirsFast, ours2 / theirsFast,
+                    oursRead ? "yes" : "NO", zintRead ? "yes" : "NO");
     }
     return status;
 }
