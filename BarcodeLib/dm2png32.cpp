@@ -48,6 +48,54 @@ bool sameRow(const unsigned char* row, unsigned width, unsigned y) {
     return y > 0 && std::memcmp(row, row - bytes, bytes) == 0;
 }
 
+// The usual picture, of one or two colours, in one pass: the palette in order of appearance and
+// the scanlines at one bit a pixel, as scanlines makes them. False at a third colour.
+bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height, Palette& palette,
+                    std::vector<unsigned char>& lines) {
+    const size_t lineBytes = 1 + (static_cast<size_t>(width) + 7) / 8;
+    lines.assign(lineBytes * height, 0);
+    unsigned colours[2] = {0, 0};
+    unsigned count = 0;
+    if (width > 0 && height > 0) {
+        std::memcpy(&colours[0], pixels, 4);
+        count = 1;
+    }
+    for (unsigned y = 0; y < height; ++y) {
+        const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
+        unsigned char* out = &lines[lineBytes * y];
+        if (sameRow(row, width, y)) {
+            std::memcpy(out, out - lineBytes, lineBytes);
+            continue;
+        }
+        unsigned char* packed = out + 1;
+        unsigned accumulated = 0;
+        for (unsigned x = 0; x < width; ++x) {
+            unsigned color;
+            std::memcpy(&color, row + 4 * x, 4);
+            const bool second = color != colours[0];
+            if (second && (count < 2 || color != colours[1])) {
+                if (count == 2) {
+                    return false;
+                }
+                colours[1] = color;
+                count = 2;
+            }
+            accumulated = (accumulated << 1) | static_cast<unsigned>(second);
+            if (x % 8 == 7) {
+                *packed++ = static_cast<unsigned char>(accumulated);
+                accumulated = 0;
+            }
+        }
+        if (width % 8 != 0) {
+            *packed = static_cast<unsigned char>(accumulated << (8 - width % 8));
+        }
+    }
+    palette.colors[0] = colours[0];
+    palette.colors[1] = colours[1];
+    palette.size = count;
+    return true;
+}
+
 // The palette of the picture; false when it has more colours than a palette holds. A row like
 // the one above it, as most rows of a barcode are, brings no new colour; within a row only a
 // change of colour is looked up.
@@ -77,8 +125,6 @@ std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width
     const unsigned depth = palette.bitDepth();
     const size_t lineBytes = 1 + (static_cast<size_t>(width) * depth + 7) / 8;
     std::vector<unsigned char> lines(lineBytes * height);
-    // Two colours, the usual case, need no look-up: the index is whether it is the second.
-    const bool twoColours = palette.size == 2;
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
         unsigned char* out = &lines[lineBytes * y];
@@ -94,9 +140,7 @@ std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width
         for (unsigned x = 0; x < width; ++x) {
             unsigned color;
             std::memcpy(&color, row + 4 * x, 4);
-            if (twoColours) {
-                index = color == palette.colors[1];
-            } else if (x == 0 || color != previous) {
+            if (x == 0 || color != previous) {
                 index = static_cast<unsigned>(palette.indexOf(color));
                 previous = color;
             }
@@ -252,7 +296,10 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
     unsigned code = kNoInput;
     if (pixels || width == 0 || height == 0) {
         Palette palette;
-        if (pixels && findPalette(pixels, width, height, palette)) {
+        std::vector<unsigned char> lines;
+        if (pixels && packTwoColours(pixels, width, height, palette, lines)) {
+            code = encodePalette(png, palette, lines, width, height);
+        } else if (pixels && findPalette(pixels, width, height, palette)) {
             code = encodePalette(png, palette, scanlines(pixels, width, height, palette), width,
                                  height);
         } else {

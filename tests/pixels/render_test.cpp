@@ -256,6 +256,19 @@ TEST(PngStep, KeepsEveryPixelWhateverTheNumberOfColours) {
         EXPECT_EQ(back.width, width);
         EXPECT_EQ(back.rgba, pixels) << colours << " colours";
     }
+    // All-zero bytes as the second colour, then as the second before a third.
+    for (bool third : {false, true}) {
+        std::vector<unsigned char> pixels(4 * width * height, 255);
+        for (unsigned i = 1; i < width * height; i += 2) {
+            std::fill_n(pixels.begin() + 4 * i, 4, 0);
+        }
+        if (third) {
+            pixels.back() = 7;
+        }
+        const Picture back =
+            VelkoTest::decodePng(BarcodeVelko::DM2PNG32(pixels.data(), width, height, 4, nullptr));
+        EXPECT_EQ(back.rgba, pixels) << third;
+    }
 }
 
 }  // namespace

@@ -95,6 +95,11 @@ void PngCode128(benchmark::State& state) {
     pngStep(state, 4, L"SHIP-2026/11/23 #42");
 }
 
+void PngCode39(benchmark::State& state) {
+    pngStep(state, 3, L"CODE39-12345");
+}
+BENCHMARK(PngCode39)->Args({300, 150})->Unit(benchmark::kMicrosecond);
+
 void PngQRVersion40(benchmark::State& state) {
     pngStep(state, 16, qrMessage(2300));
 }
