@@ -71,19 +71,15 @@ TEST(GlyphStump, BitsLandOnTheirPixelsAndTheTextFormListsTheBytesInUse) {
 }
 
 TEST(GlyphStump, ABitmapTooLargeForTheRecordIsRefused) {
-    PGlyphMetrics metrics;
-    const auto inked = [&](unsigned width, unsigned height) {
-        return PGlyph(PImage(width, height, PColor(PGlyph::kInk, PColor::kNative)), metrics);
-    };
     PGlyphStump stump;
     try {
-        glyph2Stump(0, 41, 65, inked(17, 67), stump);
+        glyph2Stump(0, 41, 65, inkedGlyph(17, 67), stump);
         ADD_FAILURE() << "no throw";
     } catch (int code) {
         EXPECT_EQ(code, 1);
     }
     // 16 columns by 100 rows is exactly 200 bytes.
-    glyph2Stump(0, 41, 65, inked(16, 100), stump);
+    glyph2Stump(0, 41, 65, inkedGlyph(16, 100), stump);
     EXPECT_EQ(stump.dataSize, 200);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "layer/fonts/p_font_info.h"
 #include "layer/fonts/p_glyph.h"
@@ -20,4 +21,22 @@ inline std::string inkRows(const PImage& image) {
         rows += '|';
     }
     return rows;
+}
+
+// The pixels row by row.
+inline std::vector<unsigned> pixelsOf(const PImage& image) {
+    std::vector<unsigned> pixels;
+    for (int y = 0; y < static_cast<int>(image.height()); ++y) {
+        for (int x = 0; x < static_cast<int>(image.width()); ++x) {
+            pixels.push_back(image.getPixel(x, y));
+        }
+    }
+    return pixels;
+}
+
+// A glyph all ink, w x h, with no metrics but the advance of its width.
+inline PGlyph inkedGlyph(unsigned width, unsigned height) {
+    PGlyphMetrics metrics;
+    metrics.horiAdvance = static_cast<int>(width);
+    return PGlyph(PImage(width, height, PColor(PGlyph::kInk, PColor::kNative)), metrics);
 }

@@ -16,7 +16,7 @@ namespace {
 constexpr int kMono = 1;
 constexpr int kGrey = 2;
 
-TEST(FreeTypeBitmap, GreyAbove32IsInkAndNothingElseSurvives) {
+TEST(FreeTypeBitmap, GreyAbove32IsInkMonoBitsFromTheLeft) {
     const unsigned char grey[] = {0, 32, 33, 255, 99, 1, 0, 0};
     // Pitch 4 with three pixels a row: the fourth byte of each row is padding.
     const PImage image = TTFHelper::bitmapToImage(grey, 3, 2, 4, kGrey);
@@ -25,9 +25,7 @@ TEST(FreeTypeBitmap, GreyAbove32IsInkAndNothingElseSurvives) {
         const unsigned pixel = image.getPixel(i % 3, i / 3);
         EXPECT_TRUE(pixel == PGlyph::kInk || pixel == PGlyph::kBackground) << i;
     }
-}
-
-TEST(FreeTypeBitmap, MonoBitsFromTheLeftUpwardRowsAndWholePixels) {
+    // Mono: bits from the left.
     const unsigned char mono[] = {0xA0, 0x80, 0x40, 0x00};
     EXPECT_EQ(inkRows(TTFHelper::bitmapToImage(mono, 9, 2, 2, kMono)), "#.#.....#|.#.......|");
     // A negative pitch: the first row in memory is the bottom one.
@@ -112,15 +110,12 @@ TEST(SystemFonts, TheListHoldsReadableTrueTypeFiles) {
 }
 
 TEST(GlyphCache, StoresOncePerFontSizeAndCodeAndLooksUpWithoutCreating) {
-    const auto glyphOfWidth = [](unsigned width) {
-        return PGlyph(PImage(width, 3, PColor(PGlyph::kInk, PColor::kNative)), PGlyphMetrics());
-    };
     PFontGlyphsCache::clear();
     const PFontInfo font(L"cache-test", L"/nowhere/a.ttf");
     EXPECT_FALSE(PFontGlyphsCache::getGlyph(font, 12, 'A').isValid());
-    PFontGlyphsCache::storeGlyph(font, 12, 'A', glyphOfWidth(3));
-    PFontGlyphsCache::storeGlyph(font, 12, 'A', glyphOfWidth(5));
-    PFontGlyphsCache::storeGlyph(font, 13, 'A', glyphOfWidth(4));
+    PFontGlyphsCache::storeGlyph(font, 12, 'A', inkedGlyph(3, 3));
+    PFontGlyphsCache::storeGlyph(font, 12, 'A', inkedGlyph(5, 3));
+    PFontGlyphsCache::storeGlyph(font, 13, 'A', inkedGlyph(4, 3));
     EXPECT_FALSE(PFontGlyphsCache::getGlyph(font, 12, 'B').isValid());
     EXPECT_EQ(PFontGlyphsCache::size(), 2u);
     EXPECT_EQ(PFontGlyphsCache::getGlyph(font, 12, 'A').width(), 5u);

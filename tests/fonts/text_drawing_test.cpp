@@ -16,16 +16,6 @@ namespace {
 constexpr unsigned kWhite = 0xFFFFFFFF;
 const PFontInfo kBuiltIn(L"default");
 
-std::vector<unsigned> pixelsOf(const PImage& image) {
-    std::vector<unsigned> pixels;
-    for (int y = 0; y < static_cast<int>(image.height()); ++y) {
-        for (int x = 0; x < static_cast<int>(image.width()); ++x) {
-            pixels.push_back(image.getPixel(x, y));
-        }
-    }
-    return pixels;
-}
-
 std::set<unsigned> coloursIn(const PImage& page, int fromX, int toX) {
     std::set<unsigned> colours;
     for (int y = 0; y < static_cast<int>(page.height()); ++y) {

@@ -5,14 +5,9 @@
 
 #include "layer/fonts/p_font_glyphs_cache.h"
 #include "layer/fonts/p_system_font_helper.h"
+#include "tests/fonts/font_checks.h"
 
 namespace {
-
-PGlyph square(unsigned side) {
-    PGlyphMetrics metrics;
-    metrics.horiAdvance = static_cast<int>(side);
-    return PGlyph(PImage(side, side, PColor(PGlyph::kInk, PColor::kNative)), metrics);
-}
 
 TEST(GlyphBudget, TheGlyphsUsedLongestAgoGoFirst) {
     PFontGlyphsCache::clear();
@@ -20,7 +15,7 @@ TEST(GlyphBudget, TheGlyphsUsedLongestAgoGoFirst) {
     // About 40 KB each: the budget holds a few hundred.
     constexpr unsigned kStored = 1000;
     for (unsigned code = 0; code < kStored; ++code) {
-        PFontGlyphsCache::storeGlyph(font, 100, code, square(100));
+        PFontGlyphsCache::storeGlyph(font, 100, code, inkedGlyph(100, 100));
         if (code > 7 && code % 50 == 0) {
             EXPECT_TRUE(PFontGlyphsCache::getGlyph(font, 100, 7).isValid()) << code;
         }
@@ -41,9 +36,9 @@ TEST(GlyphBudget, TheGlyphsUsedLongestAgoGoFirst) {
 TEST(GlyphBudget, AGlyphTooLargeToKeepIsStillHandedOut) {
     PFontGlyphsCache::clear();
     const PFontInfo font(L"too-large-test");
-    PFontGlyphsCache::storeGlyph(font, 12, 'A', square(10));
+    PFontGlyphsCache::storeGlyph(font, 12, 'A', inkedGlyph(10, 10));
     // Replacing an entry with a glyph too large to keep leaves no entry at all.
-    PFontGlyphsCache::storeGlyph(font, 12, 'A', square(1100));
+    PFontGlyphsCache::storeGlyph(font, 12, 'A', inkedGlyph(1100, 1100));
     EXPECT_FALSE(PFontGlyphsCache::getGlyph(font, 12, 'A').isValid());
     EXPECT_EQ(PFontGlyphsCache::size(), 0u);
 
@@ -60,7 +55,7 @@ TEST(GlyphBudget, ADullGlyphKeepsTheMetricsOfItsFirstCallWhenItsImageIsPushedOut
     const PFontInfo font(L"settled-dull-test");
     EXPECT_EQ(PFontGlyphsCache::getDull(font, 30, 25, -5).metrics.ascender, 25);
     for (unsigned code = 0; code < 600; ++code) {
-        PFontGlyphsCache::storeGlyph(font, 100, code, square(100));
+        PFontGlyphsCache::storeGlyph(font, 100, code, inkedGlyph(100, 100));
     }
     const PGlyph again = PFontGlyphsCache::getDull(font, 30, 30, 0);
     EXPECT_EQ(again.metrics.ascender, 25);

@@ -13,20 +13,11 @@
 #include "layer/fonts/ttf_helper.h"
 #include "layer/graphics/p_image.h"
 #include "layer/graphics/p_painter.h"
+#include "tests/fonts/font_checks.h"
 
 namespace {
 
 constexpr unsigned kWhite = 0xFFFFFFFF;
-
-std::vector<unsigned> pixelsOf(const PImage& image) {
-    std::vector<unsigned> pixels;
-    for (int y = 0; y < static_cast<int>(image.height()); ++y) {
-        for (int x = 0; x < static_cast<int>(image.width()); ++x) {
-            pixels.push_back(image.getPixel(x, y));
-        }
-    }
-    return pixels;
-}
 
 PFontInfo systemFont(const wchar_t* name) {
     PSystemFontHelper::loadFontsInfo();
