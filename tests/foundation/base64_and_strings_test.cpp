@@ -7,13 +7,16 @@
 
 namespace {
 
-TEST(Base64, EncodesWithPadding) {
+TEST(Base64, EncodesWithPaddingAndWideFormsGoThroughUtf8) {
     EXPECT_EQ(base64_encode(std::string("abc")), "YWJj");
     EXPECT_EQ(raw2Base64(std::string("ab")), "YWI=");
     EXPECT_EQ(b64encode("a", 1), "YQ==");
     EXPECT_EQ(base64_encode("", 0), "");
     EXPECT_EQ(base64_encode(std::string("\xFB\xFF\xBF", 3)), "+/+/");
+    // Wide forms go through UTF-8; the byte 0xFF between "A" and "B" is no UTF-8.
     EXPECT_EQ(raw2Base64(std::wstring(L"\u0416")), L"0JY=");
+    EXPECT_EQ(base642Raw(std::wstring(L"0JY=")), L"\u0416");
+    EXPECT_EQ(base642Raw(std::wstring(L"Qf9C")), L"AB");
 }
 
 TEST(Base64, DecodesBothAlphabetsWithOrWithoutPadding) {
@@ -48,12 +51,6 @@ TEST(Base64, DecoderSizesByLengthAndSkipsJunkBetweenGroups) {
     EXPECT_EQ(base64_decode(std::string("!!!!")), std::string(3, '\0'));
     EXPECT_EQ(base64_decode(std::string("====")), std::string(1, '\0'));
     EXPECT_EQ(b64decode(nullptr, 4), "");
-}
-
-TEST(Base64, WideFormsGoThroughUtf8) {
-    EXPECT_EQ(base642Raw(std::wstring(L"0JY=")), L"\u0416");
-    // "/w==" is the single byte 0xFF, which is no UTF-8.
-    EXPECT_EQ(base642Raw(std::wstring(L"Qf9C")), L"AB");
 }
 
 TEST(StringHelpers, TrimAndReplaceComeToAnEnd) {
