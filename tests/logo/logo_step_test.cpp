@@ -147,19 +147,17 @@ extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile
     __attribute__((weak));
 std::atomic<size_t> g_largestAllocation{0};
 
-void noteAllocation(const volatile void*, size_t size) {
-    size_t seen = g_largestAllocation.load();
-    while (size > seen && !g_largestAllocation.compare_exchange_weak(seen, size)) {
-    }
-}
-
-void noteFree(const volatile void*) {}
-
 TEST(LogoStep, BadLogosThroughTheHostLeaveThePictureAlone) {
     static const VelkoHost::ExtensionLibrary library(VelkoHost::ExtensionLibrary::defaultPath());
     ASSERT_TRUE(library.loaded()) << library.error();
-    const bool measured = __sanitizer_install_malloc_and_free_hooks &&
-                          __sanitizer_install_malloc_and_free_hooks(noteAllocation, noteFree);
+    const auto noteAllocation = [](const volatile void*, size_t size) {
+        size_t seen = g_largestAllocation.load();
+        while (size > seen && !g_largestAllocation.compare_exchange_weak(seen, size)) {
+        }
+    };
+    const bool measured =
+        __sanitizer_install_malloc_and_free_hooks &&
+        __sanitizer_install_malloc_and_free_hooks(noteAllocation, [](const volatile void*) {});
     auto picture = [&](const std::vector<unsigned char>* logo) {
         VelkoHost::ExtensionSession session(library);
         EXPECT_TRUE(session.set("CodeAuto", false) && session.set("CodeType", 16) &&

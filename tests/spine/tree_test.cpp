@@ -45,22 +45,12 @@ public:
     unsigned penY = 0;
 
     RecordingCanvasImp() : BarcodeCanvasMemoryImpl(1000, 1000, 0xFFFFFFFF) {}
-    void getXYImp(unsigned* x, unsigned* y) override {
-        *x = penX;
-        *y = penY;
-    }
-    void setXYImp(unsigned x, unsigned y) override {
-        penX = x;
-        penY = y;
-    }
-    void drawSpaceImp(unsigned width, unsigned height, bool last) override {
-        record('s', width, height, last, L"");
-    }
-    void drawBarImp(unsigned width, unsigned height, bool last) override {
-        record('b', width, height, last, L"");
-    }
-    void drawTextImp(unsigned width, unsigned height, const wchar_t* text) override {
-        record('t', width, height, false, text);
+    void getXYImp(unsigned* x, unsigned* y) override { *x = penX, *y = penY; }
+    void setXYImp(unsigned x, unsigned y) override { penX = x, penY = y; }
+    void drawSpaceImp(unsigned w, unsigned h, bool last) override { record('s', w, h, last, L""); }
+    void drawBarImp(unsigned w, unsigned h, bool last) override { record('b', w, h, last, L""); }
+    void drawTextImp(unsigned w, unsigned h, const wchar_t* text) override {
+        record('t', w, h, false, text);
     }
 
 private:

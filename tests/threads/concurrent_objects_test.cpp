@@ -43,8 +43,8 @@ struct Call {
     const char* note;
     int type;
     const char* value;
-    std::vector<std::pair<const char*, Value>> writes;
-    const Refusal* refusal;
+    const Refusal* refusal = nullptr;
+    std::vector<std::pair<const char*, Value>> writes = {};
 };
 
 const Refusal kBarAlign{"BarAlign", 7,
@@ -64,27 +64,23 @@ const Refusal kAspectRatio{"AspectRatio", std::string("wide"),
 
 const std::vector<Call>& calls() {
     static const std::vector<Call> table = {
-        {"EAN-13", 1, "400638133393", {}, nullptr},
-        {"EAN-8 turned", 0, "9638507", {{"CanvasRotation", 90}}, nullptr},
-        {"Code 128 in a TrueType font",
-         4,
-         "Hello, World",
-         {{"Font", std::string("DejaVuSans")}},
-         nullptr},
+        {"EAN-13", 1, "400638133393"},
+        {"EAN-8 turned", 0, "9638507", nullptr, {{"CanvasRotation", 90}}},
+        {"Code 128, TrueType", 4, "Hello, World", nullptr, {{"Font", std::string("DejaVuSans")}}},
         {"Code 39, large text",
          3,
          "AB-12 CD",
-         {{"Font", std::string("DejaVuSans-Bold")}, {"Height", 400}, {"FontSize", 150}},
-         nullptr},
-        {"QR", 16, "Привет, мир", {{"Height", 150}}, nullptr},
-        {"2 of 5", 7, "123456", {}, nullptr},
-        {"Codabar upside down", 13, "A40156B", {{"CanvasRotation", 180}}, nullptr},
-        {"every other type", 10, "CODE93", {}, nullptr},
-        {"a value no type takes", 1, "not a number", {}, nullptr},
-        {"a picture too small", 4, "a long value for a narrow picture", {{"Ширина", 20}}, nullptr},
-        {"refused alignment", 4, "x", {}, &kBarAlign},
-        {"refused type", 4, "x", {}, &kCodeType},
-        {"refused proportions", 4, "x", {}, &kAspectRatio},
+         nullptr,
+         {{"Font", std::string("DejaVuSans-Bold")}, {"Height", 400}, {"FontSize", 150}}},
+        {"QR", 16, "Привет, мир", nullptr, {{"Height", 150}}},
+        {"2 of 5", 7, "123456"},
+        {"Codabar upside down", 13, "A40156B", nullptr, {{"CanvasRotation", 180}}},
+        {"every other type", 10, "CODE93"},
+        {"a value no type takes", 1, "not a number"},
+        {"a picture too small", 4, "a long value for a narrow picture", nullptr, {{"Ширина", 20}}},
+        {"refused alignment", 4, "x", &kBarAlign},
+        {"refused type", 4, "x", &kCodeType},
+        {"refused proportions", 4, "x", &kAspectRatio},
     };
     return table;
 }
