@@ -1,7 +1,6 @@
 #include "tests/code16k/code16k_reader.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace Code16kTest {
 
@@ -140,6 +139,10 @@ std::string decodeValues(const std::vector<unsigned>& values, std::string& error
 
 Reading read(const VelkoTest::Picture& picture) {
     Reading reading;
+    const auto fail = [&reading](const std::string& why) {
+        reading.error = why;
+        return reading;
+    };
     unsigned left = picture.width, right = 0, top = picture.height, bottom = 0;
     for (unsigned y = 0; y < picture.height; ++y) {
         for (unsigned x = 0; x < picture.width; ++x) {
@@ -152,21 +155,18 @@ Reading read(const VelkoTest::Picture& picture) {
         }
     }
     if (left > right) {
-        reading.error = "nothing dark";
-        return reading;
+        return fail("nothing dark");
     }
     const unsigned width = right - left + 1;
     const unsigned height = bottom - top + 1;
     const unsigned x = width / kWidth;
     if (x == 0 || width % kWidth != 0 || height % x != 0 || (height / x - 1) % (kRowHeight + 1)) {
-        reading.error = "not a grid of 80 modules and 9-module rows: " + std::to_string(width) +
-                        " x " + std::to_string(height);
-        return reading;
+        return fail("not a grid of 80 modules and 9-module rows: " + std::to_string(width) + " x " +
+                    std::to_string(height));
     }
     const unsigned rows = (height / x - 1) / (kRowHeight + 1);
     if (rows < 2 || rows > 16) {
-        reading.error = std::to_string(rows) + " rows";
-        return reading;
+        return fail(std::to_string(rows) + " rows");
     }
     reading.rows = rows;
 
@@ -178,47 +178,39 @@ Reading read(const VelkoTest::Picture& picture) {
             for (unsigned m = 0; m < kWidth; ++m) {
                 bits += dark(picture, left + m * x + x / 2, top + moduleRow * x + dy) ? '1' : '0';
             }
-            if (dy == 0) {
-                first = bits;
-            } else if (bits != first) {
+            if (dy > 0 && bits != first) {
                 return std::string("uneven");
             }
+            first = bits;
         }
         return first;
     };
-    const std::string bar(kWidth, '1');
-    const std::string separator =
-        std::string(kQuiet, '0') + std::string(70, '1') + std::string(kQuiet, '0');
-    if (line(0, 1) != bar || line(height / x - 1, 1) != bar) {
-        reading.error = "top or bottom bar";
-        return reading;
+    const std::string quiet(kQuiet, '0');
+    if (line(0, 1) != std::string(kWidth, '1') || line(height / x - 1, 1) != line(0, 1)) {
+        return fail("top or bottom bar");
     }
     for (unsigned r = 0; r < rows; ++r) {
         const unsigned rowTop = 1 + r * (kRowHeight + 1);
-        if (r + 1 < rows && line(rowTop + kRowHeight, 1) != separator) {
-            reading.error = "separator under row " + std::to_string(r);
-            return reading;
+        if (r + 1 < rows && line(rowTop + kRowHeight, 1) != quiet + std::string(70, '1') + quiet) {
+            return fail("separator under row " + std::to_string(r));
         }
         const std::string bits = line(rowTop, kRowHeight);
-        if (bits.compare(0, kQuiet, std::string(kQuiet, '0')) != 0 ||
-            bits.compare(kWidth - kQuiet, kQuiet, std::string(kQuiet, '0')) != 0) {
-            reading.error = "quiet zone of row " + std::to_string(r);
-            return reading;
+        if (bits.compare(0, kQuiet, quiet) != 0 ||
+            bits.compare(kWidth - kQuiet, kQuiet, quiet) != 0) {
+            return fail("quiet zone of row " + std::to_string(r));
         }
         const std::string widths = widthsOf(bits.substr(kQuiet, kWidth - 2 * kQuiet));
         // start (4) and guard bar, five characters of six elements, stop (4)
         if (widths.size() != 39 || widths.compare(0, 4, kRowCharacters[kStartOfRow[r]]) != 0 ||
             widths[4] != '1' || widths.compare(35, 4, kRowCharacters[kStopOfRow[r]]) != 0) {
-            reading.error = "start or stop of row " + std::to_string(r) + ": " + widths;
-            return reading;
+            return fail("start or stop of row " + std::to_string(r) + ": " + widths);
         }
         for (unsigned c = 0; c < 5; ++c) {
             const std::string character = widths.substr(5 + 6 * c, 6);
-            const auto found = std::find_if(std::begin(kValueWidths), std::end(kValueWidths),
-                                            [&](const char* w) { return character == w; });
+            const auto found =
+                std::find(std::begin(kValueWidths), std::end(kValueWidths), character);
             if (found == std::end(kValueWidths)) {
-                reading.error = "no symbol character " + character;
-                return reading;
+                return fail("no symbol character " + character);
             }
             reading.values.push_back(static_cast<unsigned>(found - std::begin(kValueWidths)));
         }
@@ -228,13 +220,10 @@ Reading read(const VelkoTest::Picture& picture) {
     unsigned first = 0, second = 0;
     checkCharacters(data, first, second);
     if (first != reading.values[reading.values.size() - 2] || second != reading.values.back()) {
-        reading.error = "check characters";
-        return reading;
+        return fail("check characters");
     }
     if (reading.values[0] / 7 + 2 != rows) {
-        reading.error =
-            "mode character names " + std::to_string(reading.values[0] / 7 + 2) + " rows";
-        return reading;
+        return fail("mode character names " + std::to_string(reading.values[0] / 7 + 2) + " rows");
     }
     reading.mode = reading.values[0] % 7;
     reading.text = decodeValues(data, reading.error);
