@@ -12,10 +12,6 @@
 
 namespace {
 
-std::string bytes(size_t count) {
-    return std::string(count, 'x');
-}
-
 BitmapMatrix modules(int n, const std::function<bool(int x, int y)>& black) {
     BitmapMatrix matrix(n + 2 * kIndentSize);
     for (int x = 0; x < n; ++x) {
@@ -41,7 +37,7 @@ TEST(QRBitText, VersionIsTheSmallestThatHoldsMessageAndHeader) {
         {LevelH, 1274, -1}, {LevelM, 14, 0},    {LevelM, 15, 1},
     };
     for (const Case& c : cases) {
-        const std::string bits = getByteFromInputData(bytes(c.length).c_str());
+        const std::string bits = getByteFromInputData(std::string(c.length, 'x').c_str());
         EXPECT_EQ(getOptimalVersion(c.level, bits), c.versionIndex)
             << "level " << c.level << ", " << c.length << " bytes";
     }
@@ -167,8 +163,8 @@ TEST(QRScaling, ScaleIsTheWholeNumberOfPixelsAModuleThatFits) {
 
 TEST(QRFailures, RefusedInputLeavesTheOutputAlone) {
     std::unique_ptr<BitmapMatrix> out;
-    const std::string tooLong = bytes(1274);
-    EXPECT_FALSE(QRcode::generateQRBitmapMatrix(tooLong.c_str(), LevelH, 32000, out, false));
+    EXPECT_FALSE(
+        QRcode::generateQRBitmapMatrix(std::string(1274, 'x').c_str(), LevelH, 32000, out, false));
     EXPECT_FALSE(QRcode::generateQRBitmapMatrix(nullptr, LevelM, 300, out, false));
     EXPECT_FALSE(QRcode::generateQRBitmapMatrix("x", static_cast<ErrorCorrectionLevels>(7), 300,
                                                 out, false));
