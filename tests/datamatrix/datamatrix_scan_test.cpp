@@ -194,25 +194,19 @@ TEST(DataMatrixScan, EveryTypeReadsBackUpToItsLargestSize) {
 // FNC1 first makes the reader name the symbol GS1; a separator ends each variable-length
 // element that something follows, and nothing else.
 TEST(DataMatrixScan, GS1ElementStringsReadWithTheirSeparators) {
+    const std::string gs = "\x1d";
     const struct {
         unsigned type;
         const wchar_t* value;
         const char* symbology;
-        const char* bytes;
+        std::string bytes;
     } cases[] = {
         {24, L"(01)04600822901507(11)161109(30)2434", "]d2", "010460082290150711161109302434"},
-        {24, L"(10)ABC(21)123", "]d2",
-         "10ABC\x1d"
-         "21123"},
-        {24, L"(30)1(10)A", "]d2",
-         "301\x1d"
-         "10A"},
-        {24, L"(8001)12345678901234(10)A", "]d2",
-         "800112345678901234\x1d"
-         "10A"},
+        {24, L"(10)ABC(21)123", "]d2", "10ABC" + gs + "21123"},
+        {24, L"(30)1(10)A", "]d2", "301" + gs + "10A"},
+        {24, L"(8001)12345678901234(10)A", "]d2", "800112345678901234" + gs + "10A"},
         {24, L"(01)04600822901507(10)LOT 7(17)261231(21)S-42", "]d2",
-         "010460082290150710LOT 7\x1d"
-         "1726123121S-42"},
+         "010460082290150710LOT 7" + gs + "1726123121S-42"},
         {24, L"{FMC1}0104600822901507", "]d2", "0104600822901507"},
         {18, L"(10)ABC(21)123", "]d1", "(10)ABC(21)123"},
     };

@@ -193,18 +193,14 @@ TEST(Code128Values, LatchOnlySetChoice) {
     }
 }
 
-TEST(Code128Tree, BarsFollowTheValues) {
+TEST(Code128Tree, TextUnderTheBars) {
     StrategyCode128 strategy;
     std::wstring codeText;
     const auto root = VelkoTest::build(strategy, L"ab12cd", 3, &codeText);
     ASSERT_TRUE(root);
     EXPECT_EQ(codeText, L"ab12cd");
-    std::string expected;
-    for (unsigned value : strategy.symbolValues(L"ab12cd")) {
-        expected += StrategyCode128::g_aszCode128Table[value];
-    }
+    // The bars themselves are read back in Code128Scan.
     const auto leaves = VelkoTest::leavesOf(root.get());
-    EXPECT_EQ(VelkoTest::modules(leaves), expected);
     EXPECT_EQ(root->getMinWidth(), 112u);
     EXPECT_EQ(VelkoTest::textRowOf(leaves), "T110:ab12cd");
     EXPECT_TRUE(std::none_of(leaves.begin(), leaves.end(), [](const VelkoTest::Leaf& leaf) {

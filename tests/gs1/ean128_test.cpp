@@ -36,20 +36,10 @@ TEST(EAN128, SymbolValuesAndShownText) {
          {103, 102, 99, 10, 101, 33, 34, 35, 93, 99, 21, 12, 101, 19, 46, 106},
          "(10)ABC(21)123"},
         {L"{FMC1}20{GS1}12", {103, 102, 99, 20, 101, 93, 99, 12, 53, 106}, "2012"},
-        // Character 232 is FNC1 anywhere; in set C it goes back to A first.
-        {L"\xe8"
-         L"12\xe8"
-         L"34",
-         {103, 102, 99, 12, 101, 102, 99, 34, 22, 106},
-         "\xe8"
-         "12\xe8"
-         "34"},
+        // Character 232 (octal 350) is FNC1 anywhere; in set C it goes back to A first.
+        {L"\35012\35034", {103, 102, 99, 12, 101, 102, 99, 34, 22, 106}, "\35012\35034"},
         // FNC1 takes the set of what follows it.
-        {L"\xe8"
-         L"ab",
-         {104, 102, 65, 66, 19, 106},
-         "\xe8"
-         "ab"},
+        {L"\350ab", {104, 102, 65, 66, 19, 106}, "\350ab"},
     };
     StrategyEAN128 strategy;
     for (const auto& c : cases) {

@@ -83,12 +83,8 @@ TEST(ReadableForm, GroupsOfBytesAndBack) {
         std::string raw;
         std::string hrs;
     } cases[] = {
-        {"\x1d"
-         "A",
-         "(029)A"},
-        {"\x01\x02"
-         "A\x03",
-         "(001002)A(003)"},
+        {"\035A", "(029)A"},
+        {"\001\002A\003", "(001002)A(003)"},
         {std::string("a \x7f\xe9\0", 5), "a(032127233000)"},
     };
     for (const auto& c : cases) {

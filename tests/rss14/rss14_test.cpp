@@ -63,10 +63,6 @@ unsigned checkSumOf(const unsigned char* widths) {
     return sum % 79;
 }
 
-std::wstring wide(const std::string& text) {
-    return std::wstring(text.begin(), text.end());
-}
-
 TEST(RSS14, AcceptAndCheck) {
     const struct {
         const wchar_t* text;
@@ -246,7 +242,7 @@ TEST(RSS14, ScansBackInEveryRotation) {
         SCOPED_TRACE(v.note);
         for (unsigned rotation : {0u, 90u, 180u, 270u}) {
             const VelkoTest::Picture picture =
-                VelkoTest::draw(kCodeType, wide(std::string(v.raw, 13)), 320, 110, rotation);
+                VelkoTest::draw(kCodeType, std::wstring(v.raw, v.raw + 13), 320, 110, rotation);
             EXPECT_EQ(VelkoTest::scan(picture, BarcodeFormat::DataBar), v.raw)
                 << "rotation " << rotation;
         }
