@@ -126,6 +126,8 @@ TEST(GS1DatabarExpandedStackedScan, ZXingReadsTheElementStringBack) {
         {"alphanumeric with its punctuation", L"(10)ABC-123/X.Y*,Z", kAutoRows, 300, 300},
         {"ISO/IEC 646 punctuation", L"(21)a!\"%&'()*+,-./:;<=>(10)?_ xyz", 3, 400, 400},
         {"latches both ways, a separator in ISO/IEC 646", L"(10)AB12345678cd(21)X1", 2, 400, 300},
+        // The separator returns to numeric: the next AI is a pair, then a latch to letters.
+        {"a separator in alphanumeric", L"(10)AB(21)CD", 2, 400, 300},
         // The layouts of every row count are read in EveryRowCountReads.
         {"longest in one row", kLongest, 1, 1200, 200},
     };
