@@ -10,17 +10,9 @@ seconds="${1:-60}"
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="${VELKO_FUZZ_BUILD:-$root/build-fuzz}"
 
-if ! command -v clang++ >/dev/null 2>&1; then
-    echo "run-fuzz: no clang++, nothing fuzzed"
-    exit 0
-fi
-launcher=()
-command -v ccache >/dev/null 2>&1 &&
-    launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_C_COMPILER_LAUNCHER=ccache)
-
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DVELKO_FUZZ=ON "${launcher[@]}" >/dev/null
-cmake --build "$build" --target fuzz_cbarcode fuzz_logo
+source "$root/scripts/clang-build.sh"
+have_clang run-fuzz || exit 0
+clang_build "$build" -DVELKO_FUZZ=ON fuzz_cbarcode fuzz_logo
 
 export ASAN_OPTIONS="detect_leaks=1:abort_on_error=0"
 export UBSAN_OPTIONS="print_stacktrace=1"
