@@ -114,15 +114,14 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
 
     placement.symbolWidth = root->getWidth();
     placement.symbolHeight = root->getHeight();
-    const unsigned rootHeight = placement.symbolHeight;
     placement.x = centred(placement.canvasWidth, placement.symbolWidth);
     // A picture turned by 180 degrees has its top and bottom exchanged.
     const bool upsideDown = canvasRotation == 180;
     placement.y = 0;
     if (barVerticalAlign == 2) {
-        placement.y = centred(placement.canvasHeight, rootHeight);
+        placement.y = centred(placement.canvasHeight, placement.symbolHeight);
     } else if ((barVerticalAlign == 3) != upsideDown) {
-        placement.y = farEdge(placement.canvasHeight, rootHeight);
+        placement.y = farEdge(placement.canvasHeight, placement.symbolHeight);
     }
     return PError();
 }
