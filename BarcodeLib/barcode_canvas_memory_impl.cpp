@@ -20,9 +20,27 @@ constexpr unsigned kOpaqueBackground = 0xFFFFFFFF;
 
 }  // namespace
 
+// Pixels of an earlier picture of this size, painted over rather than allocated again; else a
+// new picture.
+PImage canvasPicture(unsigned width, unsigned height, const PColor& background, PByteArray* spare) {
+    PByteArray pixels;
+    if (spare) {
+        std::swap(pixels, *spare);
+    }
+    if (width > PImage::kMaxSide || height > PImage::kMaxSide ||
+        pixels.size() != 4ULL * width * height) {
+        return PImage(width, height, background);
+    }
+    PImage image(width, height, pixels);
+    pixels = PByteArray();
+    image.fill(background.value());
+    return image;
+}
+
 struct BarcodeCanvasMemoryImplPrivate {
-    BarcodeCanvasMemoryImplPrivate(unsigned width, unsigned height, unsigned background)
-        : image(width, height, PColor(background, PColor::kNative)),
+    BarcodeCanvasMemoryImplPrivate(unsigned width, unsigned height, unsigned background,
+                                   PByteArray* spare)
+        : image(canvasPicture(width, height, PColor(background, PColor::kNative), spare)),
           backgroundColor(background, PColor::kNative),
           baseDevice(std::make_unique<PAbstractPaintDeviceWrapper>(&image)),
           currentDevice(baseDevice.get()) {}
@@ -52,8 +70,8 @@ struct BarcodeCanvasMemoryImplPrivate {
 };
 
 BarcodeCanvasMemoryImpl::BarcodeCanvasMemoryImpl(unsigned width, unsigned height,
-                                                 unsigned background)
-    : d(std::make_unique<BarcodeCanvasMemoryImplPrivate>(width, height, background)) {}
+                                                 unsigned background, PByteArray* spare)
+    : d(std::make_unique<BarcodeCanvasMemoryImplPrivate>(width, height, background, spare)) {}
 
 BarcodeCanvasMemoryImpl::BarcodeCanvasMemoryImpl(BarcodeCanvasMemoryImpl&& other) noexcept =
     default;

@@ -20,7 +20,10 @@ class BarcodeCanvasMemoryImpl : public AbstractBarcodeCanvasImp {
 public:
     // For a rotation of 90 or 270 the size is that of the finished picture turned back, with
     // width and height exchanged.
-    BarcodeCanvasMemoryImpl(unsigned width, unsigned height, unsigned background);
+    // With spare, the pixels of an earlier picture, it paints over them where they are of this
+    // size; spare is left empty either way.
+    BarcodeCanvasMemoryImpl(unsigned width, unsigned height, unsigned background,
+                            PByteArray* spare = nullptr);
     BarcodeCanvasMemoryImpl(BarcodeCanvasMemoryImpl&& other) noexcept;
     BarcodeCanvasMemoryImpl(const BarcodeCanvasMemoryImpl&) = delete;
     BarcodeCanvasMemoryImpl& operator=(const BarcodeCanvasMemoryImpl&) = delete;

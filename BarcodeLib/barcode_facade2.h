@@ -224,6 +224,11 @@ private:
     bool removeExeedBackgroud = false;
     PImage logo;
     double logoSizePercent = 0.0;
+    // The pixels of the last picture, painted over by the next one of the same size: a new
+    // buffer each time costs the allocator's first touch of fresh memory. Kept up to a
+    // label-sized picture only.
+    static constexpr std::size_t kMaxSpareCanvasBytes = 4u << 20;
+    PByteArray spareCanvas;
     PError lastError;
     mutable std::mutex mutex;
 };

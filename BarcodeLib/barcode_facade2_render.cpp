@@ -62,6 +62,9 @@ PImage BarcodeFacade2::draw2mem() {
                           static_cast<int>(placement.y), placement.symbolWidth,
                           placement.symbolHeight);
             }
+            if (result.isValid() && result.data().size() <= kMaxSpareCanvasBytes) {
+                spareCanvas = result.data();
+            }
         }
     } catch (...) {
         lastError = PError(kGenerationError, PString(kGenerationErrorText));
@@ -128,8 +131,8 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
 
 PImage BarcodeFacade2::paintTree(const Placement& placement) {
     const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
-    auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(placement.canvasWidth,
-                                                         placement.canvasHeight, background);
+    auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(
+        placement.canvasWidth, placement.canvasHeight, background, &spareCanvas);
     imp->setCanvasRotation(static_cast<int>(canvasRotation));
     imp->setBarColorImp(barColor);
     imp->setTextColorImp(textColor);

@@ -103,6 +103,33 @@ TEST(RenderTest, BarsLandWhereTheTreePutsThemInEveryRotation) {
     }
 }
 
+// An object paints each picture over the pixels of the one before when the size allows: none
+// of them may show through, whatever changed in between.
+TEST(RenderTest, APictureKeepsNothingOfTheOneBefore) {
+    const struct {
+        unsigned type;
+        std::wstring value;
+        unsigned width, height, rotation;
+        bool transparent;
+    } steps[] = {
+        {kCode39, L"AB-12", 300, 150, 0, false}, {16, L"QR on the same pixels", 300, 150, 0, true},
+        {kCode39, L"XY", 150, 300, 90, false},   {kCode39, L"XY", 150, 300, 90, true},
+        {kCode39, L"ONE", 300, 100, 0, false},
+    };
+    BarcodeFacade2 facade;
+    for (const auto& step : steps) {
+        VelkoTest::setUp(facade, step.type, step.width, step.height, step.rotation);
+        facade.setBgTransparent(step.transparent);
+        facade.setCodeValue(step.value.c_str());
+        BarcodeFacade2 fresh;
+        VelkoTest::setUp(fresh, step.type, step.width, step.height, step.rotation);
+        fresh.setBgTransparent(step.transparent);
+        fresh.setCodeValue(step.value.c_str());
+        EXPECT_EQ(VelkoTest::render(facade).rgba, VelkoTest::render(fresh).rgba)
+            << step.width << "x" << step.height;
+    }
+}
+
 TEST(RenderTest, Code39ScansBackInEveryRotationAndSize) {
     // '*' is the reader's start and stop, so it can't be read back from the middle.
     const std::wstring all = L"-./0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ $%+";
