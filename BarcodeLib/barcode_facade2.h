@@ -8,6 +8,7 @@
 #include "BarcodeLib/code_types.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "layer/fonts/p_font_info.h"
+#include "layer/foundation/p_byte_array.h"
 #include "layer/foundation/p_error.h"
 #include "layer/graphics/p_image.h"
 
