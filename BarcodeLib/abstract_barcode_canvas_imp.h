@@ -12,6 +12,9 @@ public:
     virtual void drawSpaceImp(unsigned width, unsigned height, bool last) = 0;
     virtual void drawBarImp(unsigned width, unsigned height, bool last) = 0;
     virtual void drawTextImp(unsigned width, unsigned height, const wchar_t* text) = 0;
+    // Draws again, at the pen, the band of width x height just above it; false where the
+    // surface can't, and the caller draws the band itself.
+    virtual bool repeatBandImp(unsigned, unsigned) { return false; }
     virtual void setBarColorImp(unsigned color) = 0;
     virtual void setTextColorImp(unsigned color) = 0;
     virtual void fillCanvasImp(unsigned color, bool flag) = 0;

@@ -43,4 +43,8 @@ void BarcodeCanvas::drawText(unsigned width, unsigned height, const wchar_t* tex
     imp->drawTextImp(width, height, text);
 }
 
+bool BarcodeCanvas::repeatBand(unsigned width, unsigned height) {
+    return imp->repeatBandImp(width, height);
+}
+
 }  // namespace BarcodeVelko

@@ -18,6 +18,8 @@ public:
     virtual void drawSpace(unsigned width, unsigned height, bool last);
     virtual void drawBar(unsigned width, unsigned height, bool last);
     virtual void drawText(unsigned width, unsigned height, const wchar_t* text);
+    // False when the band was not copied and has to be drawn.
+    virtual bool repeatBand(unsigned width, unsigned height);
     virtual ~BarcodeCanvas();
 
 private:

@@ -1,6 +1,7 @@
 #include "BarcodeLib/barcode_canvas_memory_impl.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 
 #include "host/text_forms.h"
@@ -118,6 +119,15 @@ void BarcodeCanvasMemoryImpl::drawBarImp(unsigned width, unsigned height, bool) 
     }
     d->x = right;
     d->y = bottom;
+}
+
+bool BarcodeCanvasMemoryImpl::repeatBandImp(unsigned width, unsigned height) {
+    if (d->y < height || d->x > INT_MAX || d->y > INT_MAX) {
+        return false;
+    }
+    const int x = static_cast<int>(d->x);
+    const int y = static_cast<int>(d->y);
+    return d->currentDevice->copyRect(x, y - static_cast<int>(height), width, height, x, y);
 }
 
 void BarcodeCanvasMemoryImpl::drawTextImp(unsigned width, unsigned height, const wchar_t* text) {

@@ -36,6 +36,7 @@ public:
     void drawSpaceImp(unsigned width, unsigned height, bool last) override;
     void drawBarImp(unsigned width, unsigned height, bool last) override;
     void drawTextImp(unsigned width, unsigned height, const wchar_t* text) override;
+    bool repeatBandImp(unsigned width, unsigned height) override;
     void setBarColorImp(unsigned color) override;
     void setTextColorImp(unsigned color) override;
     void fillCanvasImp(unsigned color, bool flag) override;

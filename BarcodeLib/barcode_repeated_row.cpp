@@ -1,5 +1,6 @@
 #include "BarcodeLib/barcode_repeated_row.h"
 
+#include "BarcodeLib/barcode_canvas.h"
 #include "BarcodeLib/barcode_exception.h"
 
 namespace BarcodeVelko {
@@ -34,8 +35,11 @@ unsigned BarcodeRepeatedRow::getMinHeight() const {
     return original->getMinHeight();
 }
 
+// The band above shows the same leaves: a canvas that can copy it spares drawing them again.
 void BarcodeRepeatedRow::draw(BarcodeCanvas* canvas) {
-    original->draw(canvas);
+    if (canvas == nullptr || !canvas->repeatBand(getWidth(), getHeight())) {
+        original->draw(canvas);
+    }
 }
 
 }  // namespace BarcodeVelko

@@ -26,6 +26,10 @@ void PAbstractPaintDevice::fillRect(int x, int y, unsigned width, unsigned heigh
     }
 }
 
+bool PAbstractPaintDevice::copyRect(int, int, unsigned, unsigned, int, int) {
+    return false;
+}
+
 bool PAbstractPaintDevice::clip(int& x, int& y, unsigned& width, unsigned& height,
                                 unsigned deviceWidth, unsigned deviceHeight) {
     const long long left = std::max<long long>(x, 0);
@@ -75,6 +79,28 @@ void PAbstractPaintDevice::fillRows(unsigned char* data, unsigned pitch, unsigne
     for (unsigned row = 1; row < height; ++row) {
         std::memcpy(first + static_cast<size_t>(row) * pitch, first, span);
     }
+}
+
+bool PAbstractPaintDevice::copyRows(unsigned char* data, unsigned pitch, unsigned bytesPerPixel,
+                                    unsigned deviceWidth, unsigned deviceHeight, int x, int y,
+                                    unsigned width, unsigned height, int toX, int toY) {
+    auto inside = [&](long long left, long long top) {
+        return left >= 0 && top >= 0 && left + width <= deviceWidth && top + height <= deviceHeight;
+    };
+    if (!data || width == 0 || height == 0 || !inside(x, y) || !inside(toX, toY)) {
+        return false;
+    }
+    const size_t span = static_cast<size_t>(width) * bytesPerPixel;
+    // Rows go in the order that leaves an overlapping source intact until it is copied.
+    for (unsigned i = 0; i < height; ++i) {
+        const unsigned row = toY > y ? height - 1 - i : i;
+        std::memmove(
+            data + static_cast<size_t>(toY + row) * pitch +
+                static_cast<size_t>(toX) * bytesPerPixel,
+            data + static_cast<size_t>(y + row) * pitch + static_cast<size_t>(x) * bytesPerPixel,
+            span);
+    }
+    return true;
 }
 
 void PAbstractPaintDevice::storePixel(unsigned char* target, unsigned bytesPerPixel,

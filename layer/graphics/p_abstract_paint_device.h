@@ -27,6 +27,9 @@ public:
     // Every pixel of the rectangle that lies on the device gets the value. Devices that hold
     // their pixels fill whole rows at a time; this one plots them.
     virtual void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value);
+    // Copies the rectangle at x, y to toX, toY on the same device; false, with nothing copied,
+    // where either lies partly off the device or the device can't.
+    virtual bool copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY);
     virtual unsigned char* pixelData() = 0;
     virtual const unsigned char* pixelData() const = 0;
     virtual PSize size() const { return PSize{width(), height()}; }
@@ -45,6 +48,11 @@ protected:
     // others as copies of it.
     static void fillRows(unsigned char* data, unsigned pitch, unsigned bytesPerPixel, unsigned x,
                          unsigned y, unsigned width, unsigned height, unsigned int value);
+    // Copies a rectangle within rows of pitch bytes of a device of deviceWidth x deviceHeight;
+    // false, with nothing copied, where either place lies partly off it.
+    static bool copyRows(unsigned char* data, unsigned pitch, unsigned bytesPerPixel,
+                         unsigned deviceWidth, unsigned deviceHeight, int x, int y, unsigned width,
+                         unsigned height, int toX, int toY);
     // The first bytesPerPixel bytes of a value, low byte first, and back.
     static void storePixel(unsigned char* target, unsigned bytesPerPixel, unsigned int value);
     static unsigned int loadPixel(const unsigned char* source, unsigned bytesPerPixel);

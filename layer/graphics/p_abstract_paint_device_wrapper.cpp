@@ -38,6 +38,11 @@ void PAbstractPaintDeviceWrapper::fillRect(int x, int y, unsigned width, unsigne
     }
 }
 
+bool PAbstractPaintDeviceWrapper::copyRect(int x, int y, unsigned width, unsigned height, int toX,
+                                           int toY) {
+    return wrapped && wrapped->copyRect(x, y, width, height, toX, toY);
+}
+
 unsigned char* PAbstractPaintDeviceWrapper::pixelData() {
     return wrapped ? wrapped->pixelData() : nullptr;
 }

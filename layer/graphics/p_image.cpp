@@ -117,6 +117,13 @@ void PImage::fillRect(int x, int y, unsigned width, unsigned height, unsigned in
              static_cast<unsigned>(y), width, height, value);
 }
 
+bool PImage::copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) {
+    const unsigned long long count = static_cast<unsigned long long>(d->width) * d->height;
+    return count != 0 && d->pixels.size() == count * d->bytesPerPixel &&
+           copyRows(pixelData(), d->pitch, d->bytesPerPixel, d->width, d->height, x, y, width,
+                    height, toX, toY);
+}
+
 unsigned char* PImage::pixelData() {
     detach();
     return d->pixels.data();

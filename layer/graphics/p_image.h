@@ -36,6 +36,7 @@ public:
     unsigned int getPixel(int x, int y) const override;
     void fill(unsigned int value) override;
     void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
+    bool copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     PByteArray data() const override;

@@ -105,6 +105,11 @@ void PPaintDevice::fillRect(int x, int y, unsigned width, unsigned height, unsig
              static_cast<unsigned>(y), width, height, value);
 }
 
+bool PPaintDevice::copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) {
+    return copyRows(d->buffer, d->pitch, d->bytesPerPixel, d->width, d->height, x, y, width, height,
+                    toX, toY);
+}
+
 unsigned char* PPaintDevice::pixelData() {
     return d->buffer;
 }

@@ -25,6 +25,7 @@ public:
     // Writes the value as 4-byte pixels, width * height times from the start.
     void fill(unsigned int value) override;
     void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
+    bool copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     unsigned pitch() const override;

@@ -27,6 +27,27 @@ struct PPaintDeviceAliasPrivate {
         ty = static_cast<int>(my);
         return true;
     }
+
+    // A turn by a multiple of 90 degrees maps a rectangle onto one of the target: its corners
+    // there, in wide integers. False for any other transform.
+    bool mapRect(int x, int y, unsigned width, unsigned height, long long& left, long long& top,
+                 long long& right, long long& bottom) const {
+        const Transform<int>& t = transform;
+        const bool turnedBy90 = t.mapX(1, 0) == t.mapX(0, 0) && t.mapY(0, 1) == t.mapY(0, 0);
+        const bool upright = t.mapY(1, 0) == t.mapY(0, 0) && t.mapX(0, 1) == t.mapX(0, 0);
+        if (!turnedBy90 && !upright) {
+            return false;
+        }
+        const long long x0 = t.mapX(x, y);
+        const long long y0 = t.mapY(x, y);
+        const long long x1 = t.wideMapX(0LL + x + width - 1, 0LL + y + height - 1);
+        const long long y1 = t.wideMapY(0LL + x + width - 1, 0LL + y + height - 1);
+        left = std::min(x0, x1);
+        top = std::min(y0, y1);
+        right = std::max(x0, x1);
+        bottom = std::max(y0, y1);
+        return true;
+    }
 };
 
 PPaintDeviceAlias::PPaintDeviceAlias() : d(std::make_unique<PPaintDeviceAliasPrivate>()) {}
@@ -90,30 +111,45 @@ void PPaintDeviceAlias::fillRect(int x, int y, unsigned width, unsigned height,
     if (!d->target || width == 0 || height == 0) {
         return;
     }
-    const Transform<int>& t = d->transform;
-    const bool turnedBy90 = t.mapX(1, 0) == t.mapX(0, 0) && t.mapY(0, 1) == t.mapY(0, 0);
-    const bool upright = t.mapY(1, 0) == t.mapY(0, 0) && t.mapX(0, 1) == t.mapX(0, 0);
-    if (!turnedBy90 && !upright) {
+    long long left = 0;
+    long long top = 0;
+    long long right = 0;
+    long long bottom = 0;
+    if (!d->mapRect(x, y, width, height, left, top, right, bottom)) {
         PAbstractPaintDevice::fillRect(x, y, width, height, value);
         return;
     }
-    const long long right = 0LL + x + width - 1;
-    const long long bottom = 0LL + y + height - 1;
-    const long long x0 = t.mapX(x, y);
-    const long long y0 = t.mapY(x, y);
-    const long long x1 = t.wideMapX(right, bottom);
-    const long long y1 = t.wideMapY(right, bottom);
     // What lies beyond the int range lies beyond every device.
-    const long long left = std::max<long long>(std::min(x0, x1), 0);
-    const long long top = std::max<long long>(std::min(y0, y1), 0);
-    const long long farRight = std::min<long long>(std::max(x0, x1), INT_MAX);
-    const long long farBottom = std::min<long long>(std::max(y0, y1), INT_MAX);
-    if (left > farRight || top > farBottom) {
+    left = std::max<long long>(left, 0);
+    top = std::max<long long>(top, 0);
+    right = std::min<long long>(right, INT_MAX);
+    bottom = std::min<long long>(bottom, INT_MAX);
+    if (left > right || top > bottom) {
         return;
     }
     d->target->fillRect(static_cast<int>(left), static_cast<int>(top),
-                        static_cast<unsigned>(farRight - left + 1),
-                        static_cast<unsigned>(farBottom - top + 1), value);
+                        static_cast<unsigned>(right - left + 1),
+                        static_cast<unsigned>(bottom - top + 1), value);
+}
+
+bool PPaintDeviceAlias::copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) {
+    long long from[4] = {};
+    long long to[4] = {};
+    if (!d->target || width == 0 || height == 0 ||
+        !d->mapRect(x, y, width, height, from[0], from[1], from[2], from[3]) ||
+        !d->mapRect(toX, toY, width, height, to[0], to[1], to[2], to[3])) {
+        return false;
+    }
+    // What lies beyond the int range lies beyond every device.
+    for (long long corner : {from[0], from[1], from[2], from[3], to[0], to[1], to[2], to[3]}) {
+        if (corner < 0 || corner > INT_MAX) {
+            return false;
+        }
+    }
+    return d->target->copyRect(static_cast<int>(from[0]), static_cast<int>(from[1]),
+                               static_cast<unsigned>(from[2] - from[0] + 1),
+                               static_cast<unsigned>(from[3] - from[1] + 1),
+                               static_cast<int>(to[0]), static_cast<int>(to[1]));
 }
 
 unsigned char* PPaintDeviceAlias::pixelData() {

@@ -28,6 +28,7 @@ public:
     void fill(unsigned int value) override;
     // A turn by a multiple of 90 degrees maps a rectangle onto a rectangle of the target.
     void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
+    bool copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     unsigned pitch() const override { return 0; }

@@ -239,6 +239,37 @@ TEST(MemoryCanvasTest, BarsAreCutAtTheLogicalEdgeInEveryRotation) {
     }
 }
 
+// A band repeated from above is the band drawn again, in every rotation; a band whose copy
+// would reach off the canvas is left to be drawn.
+TEST(MemoryCanvasTest, ARepeatedBandIsTheBandAboveAgain) {
+    for (int rotation : {0, 90, 180, 270}) {
+        BarcodeCanvasMemoryImpl drawn(30, 20, kWhite);
+        BarcodeCanvasMemoryImpl copied(30, 20, kWhite);
+        for (BarcodeCanvasMemoryImpl* canvas : {&drawn, &copied}) {
+            canvas->setCanvasRotation(rotation);
+            for (unsigned x : {3u, 7u, 12u}) {
+                canvas->setXYImp(x, 4);
+                canvas->drawBarImp(x / 3, 3, false);
+            }
+            canvas->setXYImp(0, 7);
+        }
+        for (unsigned x : {3u, 7u, 12u}) {
+            drawn.setXYImp(x, 7);
+            drawn.drawBarImp(x / 3, 3, false);
+        }
+        EXPECT_TRUE(copied.repeatBandImp(30, 3)) << rotation;
+        EXPECT_EQ(marks(copied.getImage(), kWhite), marks(drawn.getImage(), kWhite)) << rotation;
+
+        copied.setXYImp(0, 2);
+        EXPECT_FALSE(copied.repeatBandImp(30, 3)) << rotation;
+        copied.setXYImp(1, 7);
+        EXPECT_FALSE(copied.repeatBandImp(30, 3)) << rotation;
+        copied.setXYImp(0, 18);
+        EXPECT_FALSE(copied.repeatBandImp(30, 3)) << rotation;
+        EXPECT_EQ(marks(copied.getImage(), kWhite), marks(drawn.getImage(), kWhite)) << rotation;
+    }
+}
+
 TEST(MemoryCanvasTest, SpacesAndTheBackgroundStateLeavePixelsAlone) {
     BarcodeCanvasMemoryImpl canvas(10, 10, 0x00FFFFFF);
     EXPECT_TRUE(canvas.IsTransparentBackground());
