@@ -283,18 +283,32 @@ TEST(PngStep, KeepsEveryPixelWhateverTheNumberOfColours) {
         EXPECT_EQ(back.width, width);
         EXPECT_EQ(back.rgba, pixels) << colours << " colours";
     }
-    // All-zero bytes as the second colour, then as the second before a third.
-    for (bool third : {false, true}) {
-        std::vector<unsigned char> pixels(4 * width * height, 255);
-        for (unsigned i = 1; i < width * height; i += 2) {
-            std::fill_n(pixels.begin() + 4 * i, 4, 0);
+    // Black and white go out as grey: white first, black first, a clear black (all-zero
+    // bytes) beside white, and the same before a third colour.
+    const unsigned char white[4] = {255, 255, 255, 255};
+    const unsigned char black[4] = {0, 0, 0, 255};
+    const unsigned char clear[4] = {0, 0, 0, 0};
+    const struct {
+        const unsigned char* first;
+        const unsigned char* second;
+        bool third;
+    } pairs[] = {{white, black, false},
+                 {black, white, false},
+                 {white, clear, false},
+                 {clear, white, false},
+                 {white, clear, true}};
+    for (const auto& pair : pairs) {
+        std::vector<unsigned char> pixels;
+        for (unsigned i = 0; i < width * height; ++i) {
+            const unsigned char* colour = i % 3 == 0 ? pair.first : pair.second;
+            pixels.insert(pixels.end(), colour, colour + 4);
         }
-        if (third) {
+        if (pair.third) {
             pixels.back() = 7;
         }
         const Picture back =
             VelkoTest::decodePng(BarcodeVelko::DM2PNG32(pixels.data(), width, height, 4, nullptr));
-        EXPECT_EQ(back.rgba, pixels) << third;
+        EXPECT_EQ(back.rgba, pixels) << int(pair.first[0]) << int(pair.first[3]) << pair.third;
     }
 }
 
