@@ -19,6 +19,9 @@ constexpr unsigned kNoInput = 48;
 constexpr unsigned kOutOfMemory = 83;
 constexpr unsigned kCompressionFailed = 111;
 constexpr unsigned kMaxPaletteSize = 256;
+// Scanline bytes from which a picture is large: it deflates at a higher level, and a white-first
+// one keeps the palette (see encodeGrey).
+constexpr size_t kLargeScanlines = 32 * 1024;
 
 // The colours of a picture, in order of appearance, as long as there are few enough for a
 // palette.
@@ -161,10 +164,11 @@ std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width
 
 #ifdef VELKO_HAVE_LIBDEFLATE
 // Measured on 45 of our pictures from 150 x 100 to 2000 x 2000 against LodePNG's own encoding:
-// level 6 made some large ones up to 47 % bigger, level 7 keeps all but one within 5 % (the
-// worst 7 %) at about the time of level 6, a fraction of LodePNG's. The compressor is kept per
-// thread: making one costs more than a barcode's compression.
-constexpr int kDeflateLevel = 7;
+// at level 6 some large ones came out up to 47 % bigger; level 7 keeps all but one within 5 %
+// (the worst 7 %) at little more time, still a fraction of LodePNG's. Small pictures come out
+// the same at both, and faster at 6.
+constexpr int kSmallLevel = 6;
+constexpr int kLargeLevel = 7;
 
 struct CompressorDeleter {
     void operator()(libdeflate_compressor* compressor) const {
@@ -172,14 +176,19 @@ struct CompressorDeleter {
     }
 };
 
-libdeflate_compressor* compressor() {
-    thread_local std::unique_ptr<libdeflate_compressor, CompressorDeleter> kept(
-        libdeflate_alloc_compressor(kDeflateLevel));
-    return kept.get();
+// Kept per thread and level, made at first use: making one costs more than a barcode's
+// compression.
+libdeflate_compressor* compressor(size_t inputSize) {
+    thread_local std::unique_ptr<libdeflate_compressor, CompressorDeleter> kept[2];
+    const bool large = inputSize >= kLargeScanlines;
+    if (!kept[large]) {
+        kept[large].reset(libdeflate_alloc_compressor(large ? kLargeLevel : kSmallLevel));
+    }
+    return kept[large].get();
 }
 
 unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
-    libdeflate_compressor* deflater = compressor();
+    libdeflate_compressor* deflater = compressor(in.size());
     if (!deflater) {
         return kOutOfMemory;
     }
@@ -196,7 +205,7 @@ unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigne
 // The same behind LodePNG's hook, for pictures of too many colours for a palette.
 unsigned lodepngZlib(unsigned char** out, size_t* outSize, const unsigned char* in, size_t inSize,
                      const LodePNGCompressSettings*) {
-    libdeflate_compressor* deflater = compressor();
+    libdeflate_compressor* deflater = compressor(inSize);
     const size_t bound = deflater ? libdeflate_zlib_compress_bound(deflater, inSize) : 0;
     // LodePNG frees what it is given with free().
     auto* buffer = static_cast<unsigned char*>(bound ? std::malloc(bound) : nullptr);
@@ -301,9 +310,6 @@ unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
 
 // The grey level, 0 or 1, of a colour that 1-bit grey holds: black or white, opaque or fully
 // transparent; -1 for any other.
-// Scanline bytes from which a white-first picture keeps the palette (see encodeGrey).
-constexpr size_t kLargeScanlines = 32 * 1024;
-
 int greyLevel(unsigned color) {
     const unsigned rgb = color & 0xFFFFFF;
     const unsigned alpha = color >> 24;

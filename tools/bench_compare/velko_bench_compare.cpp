@@ -65,9 +65,12 @@ std::string shippingText(size_t bytes) {
     return text;
 }
 
+// libdeflate at the levels of our PNG step: 6 below 32 KB of scanlines, 7 from there.
 unsigned libdeflateZlib(unsigned char** out, size_t* outSize, const unsigned char* in,
                         size_t inSize, const LodePNGCompressSettings*) {
-    static libdeflate_compressor* compressor = libdeflate_alloc_compressor(7);
+    static libdeflate_compressor* const small = libdeflate_alloc_compressor(6);
+    static libdeflate_compressor* const large = libdeflate_alloc_compressor(7);
+    libdeflate_compressor* compressor = inSize < 32 * 1024 ? small : large;
     const size_t bound = libdeflate_zlib_compress_bound(compressor, inSize);
     *out = static_cast<unsigned char*>(std::malloc(bound));
     *outSize = libdeflate_zlib_compress(compressor, in, inSize, *out, bound);
