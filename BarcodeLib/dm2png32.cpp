@@ -51,6 +51,16 @@ bool sameRow(const unsigned char* row, unsigned width, unsigned y) {
     return y > 0 && std::memcmp(row, row - bytes, bytes) == 0;
 }
 
+// A row like the one above gets a copy of the scanline above; true when it did.
+bool copiedFromAbove(const unsigned char* row, unsigned width, unsigned y, unsigned char* out,
+                     size_t lineBytes) {
+    if (!sameRow(row, width, y)) {
+        return false;
+    }
+    std::memcpy(out, out - lineBytes, lineBytes);
+    return true;
+}
+
 // The usual picture, of one or two colours, in one pass: the palette in order of appearance and
 // the scanlines at one bit a pixel, as scanlines makes them. False at a third colour.
 bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height, Palette& palette,
@@ -66,8 +76,7 @@ bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
         unsigned char* out = &lines[lineBytes * y];
-        if (sameRow(row, width, y)) {
-            std::memcpy(out, out - lineBytes, lineBytes);
+        if (copiedFromAbove(row, width, y, out, lineBytes)) {
             continue;
         }
         unsigned char* packed = out + 1;
@@ -131,8 +140,7 @@ std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
         unsigned char* out = &lines[lineBytes * y];
-        if (sameRow(row, width, y)) {
-            std::memcpy(out, out - lineBytes, lineBytes);
+        if (copiedFromAbove(row, width, y, out, lineBytes)) {
             continue;
         }
         *out++ = 0;
