@@ -327,6 +327,24 @@ int greyLevel(unsigned color) {
     return rgb != 0 ? 1 : 0;
 }
 
+// Whether the middle scanline of 1-bit indices is at least kWideMargins white (index 0) at its
+// ends, left and right together.
+constexpr double kWideMargins = 0.3;
+
+bool wideMargins(const std::vector<unsigned char>& lines, unsigned width, unsigned height) {
+    const size_t lineBytes = 1 + (static_cast<size_t>(width) + 7) / 8;
+    const unsigned char* first = &lines[lineBytes * (height / 2) + 1];
+    const unsigned char* last = first + lineBytes - 2;
+    size_t white = 0;
+    for (const unsigned char* at = first; at <= last && *at == 0; ++at) {
+        ++white;
+    }
+    for (const unsigned char* at = last; at > first && *at == 0 && white < lineBytes - 1; --at) {
+        ++white;
+    }
+    return static_cast<double>(white) >= kWideMargins * static_cast<double>(lineBytes - 1);
+}
+
 // Black and white, the usual barcode, as 1-bit grey, as LodePNG would choose it: no palette
 // chunk, and a transparent background as a grey key. False, with nothing changed, for other
 // colours.
@@ -351,10 +369,11 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
     if (!opaque[0] && !opaque[1]) {
         return false;
     }
-    // Grey makes white the set bit. Where white comes first, a large picture compresses better
-    // with white as zero, as the palette has it: runs of white then run on across the rows'
-    // filter bytes. Below this size the palette chunk weighs more.
-    if (levels[0] == 1 && lines.size() >= kLargeScanlines) {
+    // Grey makes white the set bit. A large white-first picture with wide white margins, as a
+    // matrix symbol in its quiet zone has them, compresses better with white as zero, as the
+    // palette has it: the margins then run on across the rows' filter bytes. Elsewhere the
+    // palette chunk weighs more.
+    if (levels[0] == 1 && lines.size() >= kLargeScanlines && wideMargins(lines, width, height)) {
         return false;
     }
     // Index 0 is white: every bit turns over, filter bytes aside.
