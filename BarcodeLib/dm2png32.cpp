@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <mutex>
+#include <new>
 
 #ifdef VELKO_HAVE_LIBDEFLATE
 #include <libdeflate.h>
@@ -184,19 +186,62 @@ struct CompressorDeleter {
     }
 };
 
-// Kept per thread and level, made at first use: making one costs more than a barcode's
-// compression.
-libdeflate_compressor* compressor(size_t inputSize) {
-    thread_local std::unique_ptr<libdeflate_compressor, CompressorDeleter> kept[2];
-    const bool large = inputSize >= kLargeScanlines;
-    if (!kept[large]) {
-        kept[large].reset(libdeflate_alloc_compressor(large ? kLargeLevel : kSmallLevel));
-    }
-    return kept[large].get();
+using Compressor = std::unique_ptr<libdeflate_compressor, CompressorDeleter>;
+
+// Compressors of both levels kept for reuse, as many as pictures were ever made at once: making
+// one costs more than a barcode's compression. A pool, not one per thread: thread-local storage
+// of a library that the host loads and unloads outlives the library in tools such as
+// LeakSanitizer, which then read freed memory.
+struct CompressorPool {
+    std::mutex mutex;
+    std::vector<Compressor> kept[2];
+};
+
+CompressorPool& compressorPool() {
+    static CompressorPool pool;
+    return pool;
 }
 
+// A compressor of the level for the input's size, back in the pool at the end.
+class PooledCompressor {
+public:
+    explicit PooledCompressor(size_t inputSize) : large(inputSize >= kLargeScanlines) {
+        CompressorPool& pool = compressorPool();
+        {
+            std::lock_guard<std::mutex> lock(pool.mutex);
+            if (!pool.kept[large].empty()) {
+                compressor = std::move(pool.kept[large].back());
+                pool.kept[large].pop_back();
+                return;
+            }
+        }
+        compressor.reset(libdeflate_alloc_compressor(large ? kLargeLevel : kSmallLevel));
+    }
+    ~PooledCompressor() {
+        if (!compressor) {
+            return;
+        }
+        CompressorPool& pool = compressorPool();
+        std::lock_guard<std::mutex> lock(pool.mutex);
+        try {
+            pool.kept[large].push_back(std::move(compressor));
+        } catch (const std::bad_alloc&) {
+            // Not kept: the next picture makes a new one.
+        }
+    }
+    PooledCompressor(const PooledCompressor&) = delete;
+    PooledCompressor& operator=(const PooledCompressor&) = delete;
+
+    libdeflate_compressor* get() const { return compressor.get(); }
+
+private:
+    bool large;
+    Compressor compressor;
+};
+
 unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
-    libdeflate_compressor* deflater = compressor(in.size());
+    const PooledCompressor pooled(in.size());
+    libdeflate_compressor* deflater = pooled.get();
     if (!deflater) {
         return kOutOfMemory;
     }
@@ -213,7 +258,8 @@ unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigne
 // The same behind LodePNG's hook, for pictures of too many colours for a palette.
 unsigned lodepngZlib(unsigned char** out, size_t* outSize, const unsigned char* in, size_t inSize,
                      const LodePNGCompressSettings*) {
-    libdeflate_compressor* deflater = compressor(inSize);
+    const PooledCompressor pooled(inSize);
+    libdeflate_compressor* deflater = pooled.get();
     const size_t bound = deflater ? libdeflate_zlib_compress_bound(deflater, inSize) : 0;
     // LodePNG frees what it is given with free().
     auto* buffer = static_cast<unsigned char*>(bound ? std::malloc(bound) : nullptr);
