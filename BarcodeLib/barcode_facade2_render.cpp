@@ -62,8 +62,9 @@ PImage BarcodeFacade2::draw2mem() {
                           static_cast<int>(placement.y), placement.symbolWidth,
                           placement.symbolHeight);
             }
-            if (result.isValid() && result.data().size() <= kMaxSpareCanvasBytes) {
-                spareCanvas = result.data();
+            PByteArray pixels = result.data();
+            if (result.isValid() && pixels.size() <= kMaxSpareCanvasBytes) {
+                spareCanvas = pixels;
             }
         }
     } catch (...) {

@@ -48,6 +48,11 @@ struct Palette {
     unsigned bitDepth() const { return size <= 2 ? 1 : size <= 4 ? 2 : size <= 16 ? 4 : 8; }
 };
 
+// One PNG scanline: the filter byte, then width pixels of depth bits padded to a whole byte.
+size_t scanlineBytes(unsigned width, unsigned depth) {
+    return 1 + (static_cast<size_t>(width) * depth + 7) / 8;
+}
+
 bool sameRow(const unsigned char* row, unsigned width, unsigned y) {
     const size_t bytes = 4 * static_cast<size_t>(width);
     return y > 0 && std::memcmp(row, row - bytes, bytes) == 0;
@@ -67,7 +72,7 @@ bool copiedFromAbove(const unsigned char* row, unsigned width, unsigned y, unsig
 // the scanlines at one bit a pixel, as scanlines makes them. False at a third colour.
 bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height, Palette& palette,
                     std::vector<unsigned char>& lines) {
-    const size_t lineBytes = 1 + (static_cast<size_t>(width) + 7) / 8;
+    const size_t lineBytes = scanlineBytes(width, 1);
     lines.assign(lineBytes * height, 0);
     unsigned colours[2] = {0, 0};
     unsigned count = 0;
@@ -137,7 +142,7 @@ bool findPalette(const unsigned char* pixels, unsigned width, unsigned height, P
 std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width, unsigned height,
                                      Palette& palette) {
     const unsigned depth = palette.bitDepth();
-    const size_t lineBytes = 1 + (static_cast<size_t>(width) * depth + 7) / 8;
+    const size_t lineBytes = scanlineBytes(width, depth);
     std::vector<unsigned char> lines(lineBytes * height);
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
@@ -378,7 +383,7 @@ int greyLevel(unsigned color) {
 constexpr double kWideMargins = 0.3;
 
 bool wideMargins(const std::vector<unsigned char>& lines, unsigned width, unsigned height) {
-    const size_t lineBytes = 1 + (static_cast<size_t>(width) + 7) / 8;
+    const size_t lineBytes = scanlineBytes(width, 1);
     const unsigned char* first = &lines[lineBytes * (height / 2) + 1];
     const unsigned char* last = first + lineBytes - 2;
     size_t white = 0;
@@ -424,7 +429,7 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
     }
     // Index 0 is white: every bit turns over, filter bytes aside.
     if (levels[0] == 1) {
-        const size_t lineBytes = 1 + (static_cast<size_t>(width) + 7) / 8;
+        const size_t lineBytes = scanlineBytes(width, 1);
         for (size_t row = 0; row < lines.size(); row += lineBytes) {
             for (size_t at = row + 1; at < row + lineBytes; ++at) {
                 lines[at] = static_cast<unsigned char>(~lines[at]);
