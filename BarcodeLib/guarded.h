@@ -3,7 +3,7 @@
 #include <exception>
 #include <new>
 
-#include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/errors/barcode_exception.h"
 
 namespace BarcodeVelko {
 

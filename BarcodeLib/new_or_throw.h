@@ -3,7 +3,7 @@
 #include <new>
 #include <utility>
 
-#include "BarcodeLib/barcode_exception.h"
+#include "BarcodeLib/errors/barcode_exception.h"
 
 namespace BarcodeVelko {
 

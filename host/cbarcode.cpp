@@ -7,10 +7,10 @@
 #include <limits>
 #include <vector>
 
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/dm2png32.h"
-#include "BarcodeLib/process_locale.h"
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/errors/process_locale.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/dm2png32.h"
 #include "host/cbarcode_properties.h"
 #include "host/text_forms.h"
 #include "host/wchar_wrapper.h"

@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/logo_step.h"
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/logo_step.h"
 #include "host/text_forms.h"
 #include "layer/foundation/base64.h"
 #include "layer/foundation/p_byte_array.h"

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/velko_interfaces.h"
+#include "layer/foundation/utf8.h"
 
 // Host strings are zero-terminated 16-bit units, one unit per character; wide strings hold
 // 32-bit wchar_t; narrow strings are UTF-8. Between host and wide form a unit is copied as a
@@ -29,21 +30,3 @@ VelkoVariant AllocAndConvertVariant(IVelkoMemory* memory, const wchar_t* source)
 // convVarToDWORD negative values wrap to 32 bits as the integer payload does.
 bool convVarToInt(const VelkoVariant& value, int& result);
 bool convVarToDWORD(const VelkoVariant& value, unsigned long& result);
-
-// UTF-8 conversions drop what can't be converted (surrogates, code points from 0x110000 up,
-// broken bytes) and keep the rest; they never throw.
-std::string wstr2str(const std::wstring& text);
-std::wstring str2wstr(const std::string& text);
-
-inline std::string wstrtostr(const std::wstring& text) {
-    return wstr2str(text);
-}
-inline std::string wba2ba(const std::wstring& text) {
-    return wstr2str(text);
-}
-inline std::wstring strtowstr(const std::string& text) {
-    return str2wstr(text);
-}
-inline std::wstring ba2wba(const std::string& text) {
-    return str2wstr(text);
-}

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cwchar>
 
-#include "host/text_forms.h"
+#include "layer/foundation/utf8.h"
 
 bool isGS(int c) {
     if (c < 0) {

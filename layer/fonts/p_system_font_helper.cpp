@@ -7,7 +7,7 @@
 
 #include <boost/algorithm/string/trim.hpp>
 
-#include "host/text_forms.h"
+#include "layer/foundation/utf8.h"
 
 #ifdef __ANDROID__
 #include <dirent.h>

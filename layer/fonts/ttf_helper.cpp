@@ -8,9 +8,9 @@
 #include <mutex>
 #include <set>
 
-#include "host/text_forms.h"
 #include "layer/fonts/p_font_glyphs_cache.h"
 #include "layer/foundation/p_byte_array.h"
+#include "layer/foundation/utf8.h"
 
 namespace {
 

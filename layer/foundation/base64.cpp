@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "host/text_forms.h"
+#include "layer/foundation/utf8.h"
 
 namespace {
 

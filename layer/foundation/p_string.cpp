@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "host/text_forms.h"
+#include "layer/foundation/utf8.h"
 
 class PStringPrivate {
 public:

@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/abstract_barcode_visitor.h"
-#include "BarcodeLib/barcode_bar.h"
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/code_types.h"
-#include "BarcodeLib/strategy_code16k.h"
+#include "BarcodeLib/code16k/strategy_code16k.h"
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/facade/code_types.h"
+#include "BarcodeLib/tree/abstract_barcode_visitor.h"
+#include "BarcodeLib/tree/barcode_bar.h"
 #include "tests/code16k/code16k_reader.h"
 #include "tests/support/scan_harness.h"
 

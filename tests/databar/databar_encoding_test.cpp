@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/DataBar/gs1_databar_exp_stack_binary_string_maker.h"
-#include "BarcodeLib/DataBar/gs1_databar_exp_stack_symbol_signs_maker.h"
-#include "BarcodeLib/DataBar/gs1_databar_exp_stack_tables.h"
-#include "BarcodeLib/DataBar/rss_widths.h"
+#include "BarcodeLib/databar/gs1_databar_exp_stack_binary_string_maker.h"
+#include "BarcodeLib/databar/gs1_databar_exp_stack_symbol_signs_maker.h"
+#include "BarcodeLib/databar/gs1_databar_exp_stack_tables.h"
+#include "BarcodeLib/databar/rss_widths.h"
 
 namespace {
 

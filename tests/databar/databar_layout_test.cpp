@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/DataBar/gs1_databar_exp_stack_drawer.h"
-#include "BarcodeLib/DataBar/gs1_databar_exp_stack_sizes_calculator.h"
-#include "BarcodeLib/DataBar/gs1_databar_exp_stack_symbol_signs_maker.h"
-#include "BarcodeLib/strategy_gs1_databar_expanded_stacked.h"
+#include "BarcodeLib/databar/gs1_databar_exp_stack_drawer.h"
+#include "BarcodeLib/databar/gs1_databar_exp_stack_sizes_calculator.h"
+#include "BarcodeLib/databar/gs1_databar_exp_stack_symbol_signs_maker.h"
+#include "BarcodeLib/databar/strategy_gs1_databar_expanded_stacked.h"
 #include "tests/support/tree_checks.h"
 
 using namespace BarcodeVelko;

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/DataBar/gs1_databar_exp_stack_binary_string_maker.h"
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/code_types.h"
-#include "BarcodeLib/dm2png32.h"
-#include "BarcodeLib/strategy_gs1_databar_expanded_stacked.h"
+#include "BarcodeLib/databar/gs1_databar_exp_stack_binary_string_maker.h"
+#include "BarcodeLib/databar/strategy_gs1_databar_expanded_stacked.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/facade/code_types.h"
+#include "BarcodeLib/png/dm2png32.h"
 #include "tests/support/scan_harness.h"
 
 using namespace BarcodeVelko;

@@ -11,8 +11,8 @@
 
 #include <ZXing/ReadBarcode.h>
 
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/code_types.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/facade/code_types.h"
 #include "host/text_forms.h"
 #include "tests/support/scan_harness.h"
 

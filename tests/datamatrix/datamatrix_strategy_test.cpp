@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/strategy_data_matrix.h"
-#include "BarcodeLib/visitor_data_matrix.h"
+#include "BarcodeLib/datamatrix/strategy_data_matrix.h"
+#include "BarcodeLib/datamatrix/visitor_data_matrix.h"
+#include "BarcodeLib/errors/barcode_exception.h"
 #include "tests/support/tree_checks.h"
 
 using namespace BarcodeVelko;

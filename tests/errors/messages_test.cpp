@@ -6,10 +6,10 @@
 #include <string>
 #include <type_traits>
 
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/text_localizer.h"
-#include "BarcodeLib/text_localizer_state_eng.h"
-#include "BarcodeLib/text_localizer_state_rus.h"
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/errors/text_localizer.h"
+#include "BarcodeLib/errors/text_localizer_state_eng.h"
+#include "BarcodeLib/errors/text_localizer_state_rus.h"
 
 using namespace BarcodeException;
 

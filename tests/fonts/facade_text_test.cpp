@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
 #include "layer/fonts/p_default_font_loader.h"
 #include "layer/fonts/p_font_glyphs_cache.h"
 #include "tests/support/scan_harness.h"

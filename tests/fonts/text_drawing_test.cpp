@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/barcode_canvas_memory_impl.h"
+#include "BarcodeLib/tree/barcode_canvas_memory_impl.h"
 #include "layer/fonts/p_font_draw_helper.h"
 #include "layer/fonts/p_font_info.h"
 #include "layer/graphics/p_image.h"

@@ -3,15 +3,15 @@
 #include <memory>
 #include <string>
 
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/strategy_codabar.h"
-#include "BarcodeLib/strategy_code39_ext.h"
-#include "BarcodeLib/strategy_code93.h"
-#include "BarcodeLib/strategy_ean13_addon2.h"
-#include "BarcodeLib/strategy_ean13_addon5.h"
-#include "BarcodeLib/strategy_interleaved2of5.h"
-#include "BarcodeLib/strategy_itf14.h"
-#include "BarcodeLib/strategy_standard2of5.h"
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/linear/strategy_codabar.h"
+#include "BarcodeLib/linear/strategy_code39_ext.h"
+#include "BarcodeLib/linear/strategy_code93.h"
+#include "BarcodeLib/linear/strategy_ean13_addon2.h"
+#include "BarcodeLib/linear/strategy_ean13_addon5.h"
+#include "BarcodeLib/linear/strategy_interleaved2of5.h"
+#include "BarcodeLib/linear/strategy_itf14.h"
+#include "BarcodeLib/linear/strategy_standard2of5.h"
 #include "tests/support/scan_harness.h"
 
 using namespace BarcodeVelko;

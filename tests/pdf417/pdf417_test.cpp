@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/barcode_bar.h"
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/strategy_pdf417.h"
-#include "BarcodeLib/visitor_size_pdf417.h"
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/pdf417/strategy_pdf417.h"
+#include "BarcodeLib/pdf417/visitor_size_pdf417.h"
+#include "BarcodeLib/tree/barcode_bar.h"
 #include "host/text_forms.h"
 #include "tests/support/scan_harness.h"
 

@@ -3,11 +3,11 @@
 #include <functional>
 #include <string>
 
-#include "BarcodeLib/QR/qr_bit_text.h"
-#include "BarcodeLib/QR/qr_code.h"
-#include "BarcodeLib/QR/qr_encoded_data.h"
-#include "BarcodeLib/QR/qr_masking.h"
-#include "BarcodeLib/QR/qr_tables.h"
+#include "BarcodeLib/qr/qr_bit_text.h"
+#include "BarcodeLib/qr/qr_code.h"
+#include "BarcodeLib/qr/qr_encoded_data.h"
+#include "BarcodeLib/qr/qr_masking.h"
+#include "BarcodeLib/qr/qr_tables.h"
 #include "tests/qr/qr_test_support.h"
 
 namespace {

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/QR/qr_code.h"
-#include "BarcodeLib/QR/qr_encoded_data.h"
-#include "BarcodeLib/QR/qr_masking.h"
-#include "BarcodeLib/QR/qr_tables.h"
+#include "BarcodeLib/qr/qr_code.h"
+#include "BarcodeLib/qr/qr_encoded_data.h"
+#include "BarcodeLib/qr/qr_masking.h"
+#include "BarcodeLib/qr/qr_tables.h"
 #include "tests/qr/qr_test_support.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <set>
 #include <vector>
 
-#include "BarcodeLib/QR/qr_tables.h"
+#include "BarcodeLib/qr/qr_tables.h"
 #include "tests/qr/qr_test_support.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "BarcodeLib/QR/qr_code.h"
-#include "BarcodeLib/QR/qr_tables.h"
+#include "BarcodeLib/qr/qr_code.h"
+#include "BarcodeLib/qr/qr_tables.h"
 
 // Arithmetic the tests use to check the encoder's tables without reading them.
 

@@ -12,8 +12,8 @@
 #include <ZXing/ImageView.h>
 #include <ZXing/ReadBarcode.h>
 
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/dm2png32.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/dm2png32.h"
 
 namespace VelkoTest {
 

@@ -4,12 +4,12 @@
 
 #include <memory>
 
-#include "BarcodeLib/abstract_barcode_visitor.h"
-#include "BarcodeLib/barcode_bar.h"
-#include "BarcodeLib/barcode_exception.h"
-#include "BarcodeLib/barcode_row.h"
-#include "BarcodeLib/barcode_space.h"
-#include "BarcodeLib/barcode_text.h"
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/tree/abstract_barcode_visitor.h"
+#include "BarcodeLib/tree/barcode_bar.h"
+#include "BarcodeLib/tree/barcode_row.h"
+#include "BarcodeLib/tree/barcode_space.h"
+#include "BarcodeLib/tree/barcode_text.h"
 
 namespace VelkoTest {
 

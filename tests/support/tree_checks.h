@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/abstract_barcode_element.h"
-#include "BarcodeLib/abstract_barcode_strategy.h"
+#include "BarcodeLib/strategy/abstract_barcode_strategy.h"
+#include "BarcodeLib/tree/abstract_barcode_element.h"
 
 // Test helpers that look into a symbol's tree of bars, spaces and texts.
 namespace VelkoTest {

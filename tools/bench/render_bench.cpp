@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/dm2png32.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/dm2png32.h"
 
 namespace {
 

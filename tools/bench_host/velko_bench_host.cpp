@@ -7,7 +7,7 @@
 #include <string>
 #include <variant>
 
-#include "BarcodeLib/code_types.h"
+#include "BarcodeLib/facade/code_types.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"
 

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/code_types.h"
+#include "BarcodeLib/facade/code_types.h"
 #include "layer/foundation/base64.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"

@@ -8,7 +8,7 @@
 #include <ctime>
 #include <vector>
 
-#include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
 
 namespace {
 

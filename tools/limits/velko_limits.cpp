@@ -15,7 +15,7 @@
 #include <variant>
 #include <vector>
 
-#include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
 #include "layer/fonts/p_font_glyphs_cache.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/barcode_facade2.h"
-#include "BarcodeLib/dm2png32.h"
-#include "BarcodeLib/logo_step.h"
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/dm2png32.h"
+#include "BarcodeLib/png/logo_step.h"
 #include "resampler/image_resizer.h"
 
 namespace {

@@ -1,0 +1,179 @@
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/logo_step.h"
+#include "BarcodeLib/strategy/abstract_barcode_strategy.h"
+#include "BarcodeLib/tree/abstract_barcode_element.h"
+#include "BarcodeLib/tree/abstract_barcode_visitor.h"
+#include "BarcodeLib/tree/barcode_canvas.h"
+#include "BarcodeLib/tree/barcode_canvas_memory_impl.h"
+
+namespace BarcodeVelko {
+
+namespace {
+
+constexpr int kGenerationError = 1;
+constexpr int kSizeTooSmall = 2;
+constexpr int kInvalidBarcode = 3;
+constexpr const char* kGenerationErrorText = "Generation error. Possibly incorrect parameters.";
+
+constexpr unsigned kTransparentBackground = 0x00FFFFFF;
+constexpr unsigned kMinFontSize = 2;
+
+constexpr unsigned kErrorWidth = 200;
+constexpr unsigned kErrorHeight = 100;
+constexpr unsigned kErrorFontSize = 12;
+constexpr unsigned kErrorTextWidth = 180;
+
+bool isTurned(unsigned rotation) {
+    return rotation == 90 || rotation == 270;
+}
+
+// Each size is halved on its own before the subtraction; 0 when the symbol is the larger.
+unsigned centred(unsigned canvas, unsigned symbol) {
+    return canvas / 2 > symbol / 2 ? canvas / 2 - symbol / 2 : 0;
+}
+
+unsigned farEdge(unsigned canvas, unsigned symbol) {
+    return canvas > symbol ? canvas - symbol : 0;
+}
+
+}  // namespace
+
+PImage BarcodeFacade2::draw() {
+    return draw2mem();
+}
+
+PImage BarcodeFacade2::draw2mem() {
+    std::lock_guard<std::mutex> lock(mutex);
+    PImage result;
+    lastError.clear();
+    try {
+        Placement placement;
+        lastError = placeTree(placement);
+        if (lastError.code() == 0) {
+            result = paintTree(placement);
+            if (codeType == static_cast<unsigned>(CodeType::QR)) {
+                stampLogo(result, logo, logoSizePercent, static_cast<int>(placement.x),
+                          static_cast<int>(placement.y), placement.symbolWidth,
+                          placement.symbolHeight);
+            }
+            PByteArray pixels = result.data();
+            if (result.isValid() && pixels.size() <= kMaxSpareCanvasBytes) {
+                spareCanvas = pixels;
+            }
+        }
+    } catch (...) {
+        lastError = PError(kGenerationError, PString(kGenerationErrorText));
+    }
+
+    if (!result.isValid()) {
+        result = drawErrorImage();
+    }
+    return result;
+}
+
+PError BarcodeFacade2::placeTree(Placement& placement) {
+    unsigned width = columnCount;
+    unsigned height = rowCount;
+
+    // Shrinking to the symbol needs the tree of an earlier generation; without one the
+    // picture keeps its size.
+    if (removeExeedBackgroud && root) {
+        columnCount = root->getWidth();
+        rowCount = root->getHeight();
+        codeValid = generateCode();
+        if (codeValid) {
+            width = columnCount;
+            height = rowCount;
+        }
+    } else {
+        codeValid = generateCode();
+    }
+
+    placement.canvasWidth = width;
+    placement.canvasHeight = height;
+    if (isTurned(canvasRotation)) {
+        std::swap(placement.canvasWidth, placement.canvasHeight);
+    }
+    if (!codeValid || !root) {
+        return PError(kInvalidBarcode, PString("invalid barcode"));
+    }
+    if (placement.canvasWidth == 0 || placement.canvasHeight == 0 ||
+        root->getWidth() > placement.canvasWidth || root->getHeight() > placement.canvasHeight) {
+        return PError(kSizeTooSmall, PString("size too small"));
+    }
+
+    SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
+    const unsigned textSize = textVisible ? std::max(fontSize, kMinFontSize) : 0;
+    placement.textSize = std::min(textSize, height / 2);
+    SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
+        root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize, codeSentinel,
+        static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
+    root->visit(visitor.get());
+
+    placement.symbolWidth = root->getWidth();
+    placement.symbolHeight = root->getHeight();
+    placement.x = centred(placement.canvasWidth, placement.symbolWidth);
+    // A picture turned by 180 degrees has its top and bottom exchanged.
+    const bool upsideDown = canvasRotation == 180;
+    placement.y = 0;
+    if (barVerticalAlign == 2) {
+        placement.y = centred(placement.canvasHeight, placement.symbolHeight);
+    } else if ((barVerticalAlign == 3) != upsideDown) {
+        placement.y = farEdge(placement.canvasHeight, placement.symbolHeight);
+    }
+    return PError();
+}
+
+PImage BarcodeFacade2::paintTree(const Placement& placement) {
+    const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
+    auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(
+        placement.canvasWidth, placement.canvasHeight, background, &spareCanvas);
+    imp->setCanvasRotation(static_cast<int>(canvasRotation));
+    imp->setBarColorImp(barColor);
+    imp->setTextColorImp(textColor);
+    imp->setFont(font);
+    imp->setFontSize(placement.textSize);
+    BarcodeCanvasMemoryImpl* canvasImp = imp.get();
+    BarcodeCanvas canvas(imp.release());
+
+    canvas.setXY(placement.x, placement.y);
+    root->draw(&canvas);
+    canvasImp->RenderImage();
+
+    PImage image = canvasImp->getImage();
+    if (!image.isValid()) {
+        lastError = canvasImp->lastError();
+    }
+    return image;
+}
+
+PImage BarcodeFacade2::drawErrorImage() const {
+    try {
+        BarcodeCanvasMemoryImpl canvas(kErrorWidth, kErrorHeight, 0xFFFFFFFF);
+        canvas.setBarColorImp(0xFF000000);
+        canvas.setTextColorImp(0xFF000000);
+        canvas.setFont(font);
+        canvas.setFontSize(kErrorFontSize);
+
+        const int code = lastError.code();
+        const bool known = code == kSizeTooSmall || code == kInvalidBarcode;
+        std::wstring text = lastError.message().toStdWString();
+        if (!known && text.empty()) {
+            text = L"Unknown error";
+        }
+        canvas.setXYImp(known ? 10 : 5, 40);
+        canvas.drawTextImp(kErrorTextWidth, kErrorFontSize, text.c_str());
+        return canvas.getImage();
+    } catch (...) {
+        // The host gets an empty picture rather than an exception.
+        return PImage();
+    }
+}
+
+}  // namespace BarcodeVelko

@@ -1,0 +1,91 @@
+#include "BarcodeLib/tree/abstract_barcode_composite.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/guarded.h"
+#include "BarcodeLib/tree/barcode_canvas.h"
+
+namespace BarcodeVelko {
+
+namespace {
+
+template <class Combine>
+unsigned fold(const std::vector<AbstractBarcodeElement*>& children,
+              unsigned (AbstractBarcodeElement::*measure)() const, Combine combine) {
+    try {
+        unsigned result = 0;
+        for (const AbstractBarcodeElement* child : children) {
+            result = combine(result, (child->*measure)());
+        }
+        return result;
+    } catch (const std::exception&) {
+        throw BarcodeException::Unexpected();
+    }
+}
+
+}  // namespace
+
+AbstractBarcodeComposite::~AbstractBarcodeComposite() {
+    for (AbstractBarcodeElement* child : children) {
+        delete child;
+    }
+}
+
+// On a throw the caller keeps the child, so that its owning pointer can still free it.
+void AbstractBarcodeComposite::add(AbstractBarcodeElement* child) {
+    if (child == nullptr || child == this) {
+        throw BarcodeException::Unexpected();
+    }
+    guarded([&] { children.push_back(child); });
+}
+
+void AbstractBarcodeComposite::visit(AbstractBarcodeVisitor* visitor) {
+    if (visitor == nullptr) {
+        throw BarcodeException::Unexpected();
+    }
+    try {
+        for (AbstractBarcodeElement* child : children) {
+            child->visit(visitor);
+        }
+    } catch (const std::exception&) {
+        throw BarcodeException::Unexpected();
+    }
+}
+
+unsigned AbstractBarcodeComposite::sumOf(Measure measure) const {
+    return fold(children, measure, [](unsigned total, unsigned value) { return total + value; });
+}
+
+unsigned AbstractBarcodeComposite::maxOf(Measure measure) const {
+    return fold(children, measure,
+                [](unsigned largest, unsigned value) { return std::max(largest, value); });
+}
+
+void AbstractBarcodeComposite::drawInLine(BarcodeCanvas* canvas, Direction direction) {
+    if (canvas == nullptr) {
+        throw BarcodeException::Unexpected();
+    }
+    try {
+        unsigned x0 = 0;
+        unsigned y0 = 0;
+        canvas->getXY(&x0, &y0);
+        unsigned x = x0;
+        unsigned y = y0;
+        for (AbstractBarcodeElement* child : children) {
+            child->draw(canvas);
+            if (direction == Direction::Across) {
+                x += child->getWidth();
+            } else {
+                y += child->getHeight();
+            }
+            canvas->setXY(x, y);
+        }
+        canvas->setXY(x0, y0);
+    } catch (const std::exception&) {
+        throw BarcodeException::Unexpected();
+    }
+}
+
+}  // namespace BarcodeVelko

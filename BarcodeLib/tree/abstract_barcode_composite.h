@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vector>
+
+#include "BarcodeLib/tree/abstract_barcode_element.h"
+
+namespace BarcodeVelko {
+
+// A node that owns its children, in order.
+class AbstractBarcodeComposite : public AbstractBarcodeElement {
+public:
+    AbstractBarcodeComposite() = default;
+    AbstractBarcodeComposite(const AbstractBarcodeComposite&) = delete;
+    AbstractBarcodeComposite& operator=(const AbstractBarcodeComposite&) = delete;
+    ~AbstractBarcodeComposite() override;
+
+    void add(AbstractBarcodeElement* child) override;
+    void visit(AbstractBarcodeVisitor* visitor) override;
+
+protected:
+    using Measure = unsigned (AbstractBarcodeElement::*)() const;
+    enum class Direction { Across, Down };
+
+    // One measure of the children, added up or the largest of them.
+    unsigned sumOf(Measure measure) const;
+    unsigned maxOf(Measure measure) const;
+    // Draws the children in order from the pen's place, each moved on by the widths (Across) or
+    // heights (Down) of those before it. Where a child leaves the pen is not trusted, and the pen
+    // goes back to where it started at the end.
+    void drawInLine(BarcodeCanvas* canvas, Direction direction);
+
+    std::vector<AbstractBarcodeElement*> children;
+};
+
+}  // namespace BarcodeVelko

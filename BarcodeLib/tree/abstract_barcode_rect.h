@@ -1,0 +1,41 @@
+#pragma once
+
+#include "BarcodeLib/tree/abstract_barcode_element.h"
+
+namespace BarcodeVelko {
+
+// A leaf: a run of minWidth modules. minHeight is in height units until a size visitor
+// overwrites it with pixels.
+class AbstractBarcodeRect : public AbstractBarcodeElement {
+public:
+    AbstractBarcodeRect(unsigned minWidth, unsigned minHeight, bool control, bool lastRect);
+
+    void add(AbstractBarcodeElement* child) override;
+    unsigned getWidth() const override;
+    unsigned getHeight() const override;
+    unsigned getMinWidth() const override;
+    unsigned getMinHeight() const override;
+
+    virtual void setMinWidth(unsigned value);
+    virtual void setMinHeight(unsigned value);
+    virtual unsigned getScaleX() const;
+    virtual void setScaleX(unsigned value);
+    virtual unsigned getScaleY() const;
+    virtual void setScaleY(unsigned value);
+    // Guard bars reaching into the text row, bearers, separators: sized apart by the visitor.
+    virtual bool isControl() const;
+    virtual bool isLastRect() const;
+    virtual unsigned getCustomData() const;
+    virtual void setCustomData(unsigned value);
+
+private:
+    unsigned minWidth;
+    unsigned minHeight;
+    unsigned scaleX = 1;
+    unsigned scaleY = 1;
+    bool control;
+    bool lastRect;
+    unsigned customData = 0;
+};
+
+}  // namespace BarcodeVelko

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "BarcodeLib/tree/abstract_barcode_rect.h"
+
+namespace BarcodeVelko {
+
+// A dark run.
+class BarcodeBar : public AbstractBarcodeRect {
+public:
+    using AbstractBarcodeRect::AbstractBarcodeRect;
+
+    void visit(AbstractBarcodeVisitor* visitor) override;
+    void draw(BarcodeCanvas* canvas) override;
+};
+
+}  // namespace BarcodeVelko

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+
+#include "BarcodeLib/tree/abstract_barcode_canvas_imp.h"
+#include "layer/foundation/p_byte_array.h"
+#include "layer/graphics/p_image.h"
+
+class PError;
+class PFontInfo;
+
+namespace BarcodeVelko {
+
+struct BarcodeCanvasMemoryImplPrivate;
+
+// Draws the tree into a picture in memory. The tree always sees an unrotated canvas of the
+// size given to the constructor; a rotation is done by the paint device alone, on the same
+// pixel buffer, so the finished picture needs no copy.
+class BarcodeCanvasMemoryImpl : public AbstractBarcodeCanvasImp {
+public:
+    // For a rotation of 90 or 270 the size is that of the finished picture turned back, with
+    // width and height exchanged.
+    // With spare, the pixels of an earlier picture, it paints over them where they are of this
+    // size; spare is left empty either way.
+    BarcodeCanvasMemoryImpl(unsigned width, unsigned height, unsigned background,
+                            PByteArray* spare = nullptr);
+    BarcodeCanvasMemoryImpl(BarcodeCanvasMemoryImpl&& other) noexcept;
+    BarcodeCanvasMemoryImpl(const BarcodeCanvasMemoryImpl&) = delete;
+    BarcodeCanvasMemoryImpl& operator=(const BarcodeCanvasMemoryImpl&) = delete;
+    ~BarcodeCanvasMemoryImpl() override;
+
+    unsigned getWidthImp() override;
+    unsigned getHeightImp() override;
+    void getXYImp(unsigned* x, unsigned* y) override;
+    void setXYImp(unsigned x, unsigned y) override;
+    void drawSpaceImp(unsigned width, unsigned height, bool last) override;
+    void drawBarImp(unsigned width, unsigned height, bool last) override;
+    void drawTextImp(unsigned width, unsigned height, const wchar_t* text) override;
+    bool repeatBandImp(unsigned width, unsigned height) override;
+    void setBarColorImp(unsigned color) override;
+    void setTextColorImp(unsigned color) override;
+    void fillCanvasImp(unsigned color, bool flag) override;
+    unsigned getFontHeight() override;
+    bool IsTransparentBackground() override;
+    void SetTransparentBackground(bool transparent) override;
+    void HomemadeHinting(long a, long b, long c, long d) override;
+    void RenderImage() override;
+
+    // Degrees, any integer; taken modulo 360 and expected to be a multiple of 90. Call it
+    // before drawing: the pixels drawn so far keep their places.
+    void setCanvasRotation(int rotation);
+    void setFont(const PFontInfo& font);
+    void setFontSize(unsigned size);
+
+    // The picture as it stands, in its final orientation; it shares the pixels.
+    PImage getImage() const;
+    // Always empty: getImage already gives the rotated picture.
+    PImage getRotatedImage(int rotation) const;
+    PByteArray data() const;
+    PError lastError() const;
+
+private:
+    std::unique_ptr<BarcodeCanvasMemoryImplPrivate> d;
+};
+
+}  // namespace BarcodeVelko

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "BarcodeLib/tree/abstract_barcode_composite.h"
+
+namespace BarcodeVelko {
+
+// Children side by side, all from the row's top edge.
+class BarcodeRow : public AbstractBarcodeComposite {
+public:
+    unsigned getWidth() const override;
+    unsigned getHeight() const override;
+    unsigned getMinWidth() const override;
+    unsigned getMinHeight() const override;
+    void draw(BarcodeCanvas* canvas) override;
+};
+
+}  // namespace BarcodeVelko

@@ -1,0 +1,315 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/linear/strategy_code39.h"
+#include "BarcodeLib/png/dm2png32.h"
+#include "tests/support/scan_harness.h"
+
+namespace {
+
+using BarcodeVelko::BarcodeFacade2;
+using VelkoTest::Picture;
+
+constexpr unsigned kCode39 = 3;
+constexpr unsigned kWhite = 0xFFFFFFFF;
+constexpr unsigned kBlack = 0xFF000000;
+constexpr unsigned kClear = 0x00FFFFFF;
+
+struct Look {
+    unsigned rotation;
+    unsigned width, height;
+    unsigned barColor, bgColor;
+    bool transparent;
+    unsigned fontSize;  // 0: no text
+};
+
+std::ostream& operator<<(std::ostream& out, const Look& look) {
+    return out << "rotation " << look.rotation << ", " << look.width << "x" << look.height
+               << ", font " << look.fontSize << (look.transparent ? ", transparent" : "");
+}
+
+// The picture as the logical canvas drew it, before the rotation turned it clockwise.
+Picture upright(Picture picture, unsigned rotation) {
+    for (unsigned turn = rotation / 90; turn % 4 != 0; ++turn) {
+        picture = VelkoTest::rotate90(picture);
+    }
+    return picture;
+}
+
+// Every pixel of the picture against a symbol laid out by hand: whole pixels per module,
+// centred by halves, at the top of the logical canvas, which the rotation then turns.
+void expectExactPicture(const Look& look, const std::wstring& value) {
+    BarcodeFacade2 facade;
+    // The font size is taken before the height, which caps it only at the picture.
+    facade.setRowCount(8000);
+    facade.setFontSize(look.fontSize);
+    VelkoTest::setUp(facade, kCode39, look.width, look.height, look.rotation);
+    facade.setCodeValue(value.c_str());
+    facade.setBarColor(look.barColor);
+    facade.setBgColor(look.bgColor);
+    facade.setBgTransparent(look.transparent);
+    facade.setTextVisible(look.fontSize != 0);
+    // A visible text is at least 2 pixels high and at most half the picture.
+    const unsigned fontSize =
+        look.fontSize == 0 ? 0 : std::min(std::max(look.fontSize, 2u), look.height / 2);
+    facade.setTextColor(look.barColor ^ 0x00FFFFFF);
+    const Picture picture = VelkoTest::render(facade);
+    ASSERT_EQ(facade.getLastError().code(), 0) << look;
+    ASSERT_EQ(picture.width, look.width) << look;
+    ASSERT_EQ(picture.height, look.height) << look;
+
+    const Picture canvas = upright(picture, look.rotation);
+    BarcodeVelko::StrategyCode39 strategy;
+    const std::string modules =
+        VelkoTest::modules(VelkoTest::leavesOf(VelkoTest::build(strategy, value, 3).get()));
+    const unsigned moduleWidth = canvas.width / modules.size();
+    const unsigned left = canvas.width / 2 - modules.size() * moduleWidth / 2;
+    const unsigned background = look.transparent ? kClear : look.bgColor;
+    unsigned wrong = 0;
+    for (unsigned y = 0; y < canvas.height; ++y) {
+        for (unsigned x = 0; x < canvas.width; ++x) {
+            const unsigned pixel = canvas.pixel(x, y);
+            if (y >= canvas.height - fontSize) {
+                // The text row: whatever the text draws, no bar reaches into it.
+                wrong += pixel == look.barColor;
+                continue;
+            }
+            const unsigned module = x >= left ? (x - left) / moduleWidth : modules.size();
+            const bool dark = module < modules.size() && modules[module] == '1';
+            wrong += pixel != (dark ? look.barColor : background);
+        }
+    }
+    EXPECT_EQ(wrong, 0u) << look;
+}
+
+TEST(RenderTest, BarsLandWhereTheTreePutsThemInEveryRotation) {
+    for (const Look& look : std::vector<Look>{
+             {0, 200, 120, kBlack, kWhite, false, 0},
+             // PNG samples R 255, G 0, B 0, A 0 for the bars, alpha 0 for every space.
+             {90, 250, 340, 0x000000FF, kWhite, true, 0},
+             {90, 250, 227, kBlack, kWhite, false, 0},
+             {180, 301, 80, kBlack, 0x80402010, false, 0},
+             {270, 90, 345, 0x7F00FF00, kWhite, false, 14},
+             {0, 111, 40, kBlack, kWhite, true, 12},
+             {180, 223, 60, kBlack, kWhite, true, 1},
+             {0, 200, 40, kBlack, kWhite, false, 30},
+         }) {
+        expectExactPicture(look, L"AB-12");
+    }
+}
+
+// An object paints each picture over the pixels of the one before when the size allows: none
+// of them may show through, whatever changed in between.
+TEST(RenderTest, APictureKeepsNothingOfTheOneBefore) {
+    const struct {
+        unsigned type;
+        std::wstring value;
+        unsigned width, height, rotation;
+        bool transparent;
+    } steps[] = {
+        {kCode39, L"AB-12", 300, 150, 0, false}, {16, L"QR on the same pixels", 300, 150, 0, true},
+        {kCode39, L"XY", 150, 300, 90, false},   {kCode39, L"XY", 150, 300, 90, true},
+        {kCode39, L"ONE", 300, 100, 0, false},
+    };
+    BarcodeFacade2 facade;
+    for (const auto& step : steps) {
+        VelkoTest::setUp(facade, step.type, step.width, step.height, step.rotation);
+        facade.setBgTransparent(step.transparent);
+        facade.setCodeValue(step.value.c_str());
+        BarcodeFacade2 fresh;
+        VelkoTest::setUp(fresh, step.type, step.width, step.height, step.rotation);
+        fresh.setBgTransparent(step.transparent);
+        fresh.setCodeValue(step.value.c_str());
+        EXPECT_EQ(VelkoTest::render(facade).rgba, VelkoTest::render(fresh).rgba)
+            << step.width << "x" << step.height;
+    }
+}
+
+TEST(RenderTest, Code39ScansBackInEveryRotationAndSize) {
+    // '*' is the reader's start and stop, so it can't be read back from the middle.
+    const std::wstring all = L"-./0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ $%+";
+    const struct {
+        unsigned width, height, rotation;
+    } sizes[] = {
+        {16 * 43 + 31 + 40, 80, 0},  // one pixel a module, with room for the quiet zones
+        {150, 2 * (16 * 43 + 31) + 80, 90},
+        {1600, 400, 180},
+        {80, 2400, 270},
+    };
+    for (const auto& size : sizes) {
+        EXPECT_EQ(
+            VelkoTest::scan(VelkoTest::draw(kCode39, all, size.width, size.height, size.rotation),
+                            ZXing::BarcodeFormat::Code39),
+            VelkoTest::narrow(all))
+            << "rotation " << size.rotation;
+    }
+}
+
+// The light space on each side of the dark pixels, as the logical canvas sees them.
+struct Gaps {
+    unsigned top, bottom, left, right;
+};
+
+Gaps logicalGaps(const Picture& picture, unsigned rotation) {
+    const Picture canvas = upright(picture, rotation);
+    unsigned minX = canvas.width, minY = canvas.height, maxX = 0, maxY = 0;
+    for (unsigned y = 0; y < canvas.height; ++y) {
+        for (unsigned x = 0; x < canvas.width; ++x) {
+            if (canvas.pixel(x, y) == kBlack) {
+                minX = std::min(minX, x);
+                maxX = std::max(maxX, x);
+                minY = std::min(minY, y);
+                maxY = std::max(maxY, y);
+            }
+        }
+    }
+    return {minY, canvas.height - 1 - maxY, minX, canvas.width - 1 - maxX};
+}
+
+TEST(RenderTest, VerticalAlignmentPlacesASquareSymbol) {
+    constexpr unsigned kQRCode = 16;
+    for (unsigned rotation : {0u, 90u, 180u, 270u}) {
+        for (unsigned align : {1u, 2u, 3u}) {
+            const bool turned = rotation == 90 || rotation == 270;
+            BarcodeFacade2 facade;
+            VelkoTest::setUp(facade, kQRCode, turned ? 240 : 101, turned ? 101 : 240, rotation);
+            facade.setBarVerticalAlign(align);
+            facade.setCodeValue(L"VELKO");
+            const Picture picture = VelkoTest::render(facade);
+            ASSERT_EQ(facade.getLastError().code(), 0);
+            const Gaps gaps = logicalGaps(picture, rotation);
+            EXPECT_LE(std::max(gaps.left, gaps.right) - std::min(gaps.left, gaps.right), 1u);
+            // At 180 degrees the placing is upside down, so the picture shows it the right
+            // way up.
+            const unsigned shownTop = rotation == 180 ? gaps.bottom : gaps.top;
+            const unsigned shownBottom = rotation == 180 ? gaps.top : gaps.bottom;
+            if (align == 1) {
+                EXPECT_LT(shownTop, shownBottom) << rotation;
+            } else if (align == 3) {
+                EXPECT_GT(shownTop, shownBottom) << rotation;
+            } else {
+                EXPECT_LE(std::max(gaps.top, gaps.bottom) - std::min(gaps.top, gaps.bottom), 1u)
+                    << rotation;
+            }
+        }
+    }
+}
+
+TEST(RenderTest, FailuresGiveAnErrorPicture) {
+    const struct {
+        std::function<void(BarcodeFacade2&)> setUp;
+        int code;
+        std::wstring message;
+    } cases[] = {
+        {[](BarcodeFacade2& f) { f.setColumnCount(0); }, 2, L"size too small"},
+        {[](BarcodeFacade2& f) { f.setRowCount(110); }, 2, L"size too small"},  // a module short
+        {[](BarcodeFacade2& f) { f.setCodeValue(L"lower case"); }, 3, L"invalid barcode"},
+        // A Base64 value that decodes to nothing makes the strategy's trial throw.
+        {[](BarcodeFacade2& f) {
+             f.setDataType(1);
+             EXPECT_ANY_THROW(f.setCodeValue(L"\n"));
+         },
+         1, L"Generation error. Possibly incorrect parameters."},
+    };
+    for (const auto& c : cases) {
+        // Neither the rotation nor the background reach an error picture.
+        BarcodeFacade2 facade;
+        VelkoTest::setUp(facade, kCode39, 50, 111, 90);
+        facade.setCodeValue(L"AB-12");
+        facade.setBgTransparent(true);
+        facade.setBgColor(0x11223344);
+        c.setUp(facade);
+        const Picture picture = VelkoTest::render(facade);
+        SCOPED_TRACE(VelkoTest::narrow(c.message));
+        EXPECT_EQ(facade.getLastError().code(), c.code);
+        EXPECT_EQ(facade.getLastError().message().toStdWString(), c.message);
+        EXPECT_EQ(std::pair(picture.width, picture.height), std::pair(200u, 100u));
+        EXPECT_EQ(picture.pixel(0, 0), kWhite);
+        EXPECT_EQ(picture.pixel(199, 99), kWhite);
+        // The message is written in black, the one colour with zero samples here: three a pixel,
+        // and a message takes more than a hundred.
+        EXPECT_GT(std::count(picture.rgba.begin(), picture.rgba.end(), 0), 3 * 100);
+
+        // The next good picture clears the error.
+        facade.setDataType(0);
+        facade.setColumnCount(50);
+        facade.setRowCount(300);
+        facade.setCodeValue(L"AB-12");
+        EXPECT_EQ(VelkoTest::render(facade).height, 300u);
+        EXPECT_EQ(facade.getLastError().code(), 0);
+    }
+}
+
+TEST(RenderTest, RemovingTheBackgroundNeedsAnEarlierTree) {
+    BarcodeFacade2 facade;
+    facade.setRemoveExeedBackgroudFlag(true);
+    const Picture first = VelkoTest::render(facade);
+    EXPECT_EQ(facade.getLastError().code(), 0);
+    EXPECT_EQ(first.width, 150u);
+    EXPECT_EQ(first.height, 100u);
+
+    // Now the picture shrinks to the tree that the first one drew.
+    const Picture second = VelkoTest::render(facade);
+    EXPECT_EQ(facade.getLastError().code(), 0);
+    EXPECT_EQ(second.width, facade.getColumnCount());
+    EXPECT_EQ(second.height, facade.getRowCount());
+    EXPECT_LT(second.width, 150u);
+    EXPECT_EQ(second.height, 100u);
+}
+
+// Pictures of few colours go out as palettes of 1 to 8 bits, others as RGBA; either way every
+// byte, alpha included, must come back as it went in, also in rows that end mid-byte.
+TEST(PngStep, KeepsEveryPixelWhateverTheNumberOfColours) {
+    const unsigned width = 21;
+    const unsigned height = 15;
+    for (unsigned colours : {1u, 2u, 3u, 5u, 17u, 300u}) {
+        std::vector<unsigned char> pixels;
+        for (unsigned i = 0; i < width * height; ++i) {
+            const unsigned c = (i * 7) % colours;
+            pixels.insert(pixels.end(),
+                          {static_cast<unsigned char>(c), static_cast<unsigned char>(c >> 8),
+                           static_cast<unsigned char>(255 - c % 256),
+                           static_cast<unsigned char>(c % 3 * 100)});
+        }
+        int error = -1;
+        const Picture back =
+            VelkoTest::decodePng(BarcodeVelko::DM2PNG32(pixels.data(), width, height, 4, &error));
+        EXPECT_EQ(error, 0) << colours;
+        EXPECT_EQ(back.width, width);
+        EXPECT_EQ(back.rgba, pixels) << colours << " colours";
+    }
+    // Black and white go out as grey: white first, black first, a clear black (all-zero
+    // bytes) beside white, and the same before a third colour.
+    const unsigned char white[4] = {255, 255, 255, 255};
+    const unsigned char black[4] = {0, 0, 0, 255};
+    const unsigned char clear[4] = {0, 0, 0, 0};
+    const struct {
+        const unsigned char* first;
+        const unsigned char* second;
+        bool third;
+    } pairs[] = {{white, black, false},
+                 {black, white, false},
+                 {white, clear, false},
+                 {clear, white, false},
+                 {white, clear, true}};
+    for (const auto& pair : pairs) {
+        std::vector<unsigned char> pixels;
+        for (unsigned i = 0; i < width * height; ++i) {
+            const unsigned char* colour = i % 3 == 0 ? pair.first : pair.second;
+            pixels.insert(pixels.end(), colour, colour + 4);
+        }
+        if (pair.third) {
+            pixels.back() = 7;
+        }
+        const Picture back =
+            VelkoTest::decodePng(BarcodeVelko::DM2PNG32(pixels.data(), width, height, 4, nullptr));
+        EXPECT_EQ(back.rgba, pixels) << int(pair.first[0]) << int(pair.first[3]) << pair.third;
+    }
+}
+
+}  // namespace

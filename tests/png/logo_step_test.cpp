@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+#include <lodepng.h>
+
+#include <ZXing/BarcodeFormat.h>
+
+#include <algorithm>
+#include <atomic>
+#include <string>
+#include <vector>
+
+#include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/logo_step.h"
+#include "layer/foundation/base64.h"
+#include "tests/support/scan_harness.h"
+#include "tools/host/extension_library.h"
+#include "tools/host/extension_session.h"
+
+// The logo on a QR Code, through the facade and through the extension as the host sees it.
+namespace {
+
+constexpr unsigned kOrange = 0xFF0080FF;
+constexpr unsigned kBlue = 0xFFC04010;
+const std::string kValue = "https://example.com/track/42";
+
+// Orange with a blue disc in the middle, far enough from the border that the border stays
+// exactly orange when scaled.
+PImage logoImage(unsigned w, unsigned h) {
+    std::vector<unsigned> pixels;
+    for (unsigned y = 0; y < h; ++y) {
+        for (unsigned x = 0; x < w; ++x) {
+            const double dx = x + 0.5 - w / 2.0, dy = y + 0.5 - h / 2.0;
+            pixels.push_back(dx * dx + dy * dy < w * w / 16.0 ? kBlue : kOrange);
+        }
+    }
+    return PImage(w, h,
+                  PByteArray(reinterpret_cast<const unsigned char*>(pixels.data()), w * h * 4));
+}
+
+// The same as a PNG file (two colours: 1 bit a pixel), its header claiming w x h if given.
+std::vector<unsigned char> logoPng(unsigned w = 0, unsigned h = 0) {
+    const PImage logo = logoImage(64, 64);
+    std::vector<unsigned char> png;
+    lodepng::encode(png, logo.pixelData(), 64, 64);
+    for (int i = 0; w && i < 4; ++i) {
+        png[16 + i] = static_cast<unsigned char>(w >> (24 - 8 * i));
+        png[20 + i] = static_cast<unsigned char>(h >> (24 - 8 * i));
+    }
+    lodepng_chunk_generate_crc(&png[8]);
+    return png;
+}
+
+// A QR picture exactly as large as its tree, so that the tree starts at (0, 0).
+VelkoTest::Picture drawQR(unsigned level, const PImage& logo, double percent, unsigned type = 16) {
+    BarcodeVelko::BarcodeFacade2 facade;
+    VelkoTest::setUp(facade, type, 300, 300);
+    facade.setQRErrorCorrectionLevel(static_cast<unsigned char>(level));
+    facade.setCodeValue(std::wstring(kValue.begin(), kValue.end()).c_str());
+    facade.setRemoveExeedBackgroudFlag(true);
+    facade.setLogo(logo);
+    facade.setLogoSizePercent(percent);
+    return VelkoTest::render(facade);
+}
+
+TEST(LogoStep, StampedInTheMiddleAndStillScans) {
+    struct Case {
+        unsigned logoWidth, logoHeight;
+        double percent;
+        unsigned level;  // Q and H may lose that much of the symbol
+        const char* note;
+    } cases[] = {
+        {128, 128, 15, 2, "15 % at Q"},
+        {128, 128, 15, 3, "15 % at H"},
+        {128, 128, 20, 2, "20 % at Q"},
+        {512, 512, 20, 3, "20 % at H"},
+        {64, 128, 20, 3, "higher than wide"},
+        {128, 64, 20, 3, "wider than high"},
+        {128, 128, 150, 3, "150 % counts as 100"},
+    };
+    for (const Case& c : cases) {
+        const VelkoTest::Picture picture =
+            drawQR(c.level, logoImage(c.logoWidth, c.logoHeight), c.percent);
+        const double percent = std::min(c.percent, 100.0);
+        const double scale = c.logoWidth < c.logoHeight
+                                 ? picture.height * percent / 100 / c.logoHeight
+                                 : picture.width * percent / 100 / c.logoWidth;
+        const unsigned w = static_cast<unsigned>(c.logoWidth * scale);
+        const unsigned h = static_cast<unsigned>(c.logoHeight * scale);
+        unsigned left = picture.width, top = picture.height, right = 0, bottom = 0;
+        for (unsigned y = 0; y < picture.height; ++y) {
+            for (unsigned x = 0; x < picture.width; ++x) {
+                if (picture.pixel(x, y) == kOrange) {
+                    left = std::min(left, x), right = std::max(right, x + 1);
+                    top = std::min(top, y), bottom = std::max(bottom, y + 1);
+                }
+            }
+        }
+        EXPECT_EQ(left, (picture.width - w) / 2) << c.note;
+        EXPECT_EQ(top, (picture.height - h) / 2) << c.note;
+        EXPECT_EQ(right - left, w) << c.note;
+        EXPECT_EQ(bottom - top, h) << c.note;
+        EXPECT_EQ(picture.pixel(left + w / 2, top + h / 2), kBlue) << c.note;
+        if (c.percent <= 20) {
+            EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::QRCode), kValue) << c.note;
+        }
+    }
+}
+
+TEST(LogoStep, NothingDrawnWithoutPercentOrOnOtherTypes) {
+    struct Case {
+        unsigned type;
+        double percent;
+    } cases[] = {{16, 0}, {16, -5}, {3, 20}, {4, 100}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(drawQR(3, logoImage(128, 128), c.percent, c.type).rgba,
+                  drawQR(3, PImage(), 0, c.type).rgba)
+            << c.type << " at " << c.percent;
+    }
+}
+
+TEST(LogoStep, HeaderBoundsBeforeDecoding) {
+    struct Case {
+        unsigned width, height;
+        size_t padding;  // bytes after the end, so that the file could hold more
+        bool accepted;
+        const char* note;
+    } cases[] = {
+        {64, 64, 0, true, "a real logo"},
+        {4096, 1, 0, true, "the longest side"},
+        {4097, 1, 4096, false, "a side too long"},
+        {2048, 2048, 4096, true, "the most pixels"},
+        {2048, 2049, 4096, false, "too many pixels"},
+        {2048, 2048, 0, false, "more bytes than the file can inflate to"},
+        {60000, 60000, 0, false, "huge"},
+    };
+    for (const Case& c : cases) {
+        std::vector<unsigned char> png = logoPng(c.width, c.height);
+        png.resize(png.size() + c.padding);
+        EXPECT_EQ(BarcodeVelko::logoPngAcceptable(png.data(), png.size()), c.accepted) << c.note;
+    }
+    EXPECT_FALSE(BarcodeVelko::logoPngAcceptable(logoPng().data(), 20));
+}
+
+// Under AddressSanitizer every allocation passes a hook, and the largest one tells whether a
+// file got more memory than it justifies; elsewhere that part of the check is skipped.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*, size_t),
+                                                         void (*)(const volatile void*))
+    __attribute__((weak));
+std::atomic<size_t> g_largestAllocation{0};
+
+TEST(LogoStep, BadLogosThroughTheHostLeaveThePictureAlone) {
+    static const VelkoHost::ExtensionLibrary library(VelkoHost::ExtensionLibrary::defaultPath());
+    ASSERT_TRUE(library.loaded()) << library.error();
+    const auto noteAllocation = [](const volatile void*, size_t size) {
+        size_t seen = g_largestAllocation.load();
+        while (size > seen && !g_largestAllocation.compare_exchange_weak(seen, size)) {
+        }
+    };
+    const bool measured =
+        __sanitizer_install_malloc_and_free_hooks &&
+        __sanitizer_install_malloc_and_free_hooks(noteAllocation, [](const volatile void*) {});
+    auto picture = [&](const std::vector<unsigned char>* logo) {
+        VelkoHost::ExtensionSession session(library);
+        EXPECT_TRUE(session.set("CodeAuto", false) && session.set("CodeType", 16) &&
+                    session.set("Width", 200) && session.set("Height", 200) &&
+                    session.set("LogoSizePercentFromBarcode", 20));
+        g_largestAllocation = 0;
+        if (logo) {
+            EXPECT_TRUE(session.set("LogoImage", b64encode(logo->data(), logo->size())));
+        }
+        if (measured) {
+            EXPECT_LT(g_largestAllocation.load(), 1u << 20);
+        }
+        EXPECT_TRUE(session.set("CodeValue", kValue));
+        const std::vector<unsigned char> png = session.getBarcode();
+        EXPECT_EQ(session.get("Result"), VelkoHost::Value(0));
+        return png;
+    };
+    const std::vector<unsigned char> plain = picture(nullptr);
+    const std::vector<unsigned char> good = logoPng();
+    EXPECT_NE(picture(&good), plain);
+    const std::vector<unsigned char> truncated(good.begin(), good.begin() + good.size() / 2);
+    const std::vector<unsigned char> bad[] = {logoPng(60000, 60000), truncated,
+                                              std::vector<unsigned char>(300, 0x89)};
+    for (const std::vector<unsigned char>& logo : bad) {
+        EXPECT_EQ(picture(&logo), plain) << logo.size() << " bytes";
+    }
+}
+
+}  // namespace

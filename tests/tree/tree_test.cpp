@@ -1,0 +1,272 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/linear/strategy_code39.h"
+#include "BarcodeLib/linear/visitor_size_code_x.h"
+#include "BarcodeLib/strategy/encode_line.h"
+#include "BarcodeLib/tree/abstract_barcode_visitor.h"
+#include "BarcodeLib/tree/barcode_bar.h"
+#include "BarcodeLib/tree/barcode_canvas.h"
+#include "BarcodeLib/tree/barcode_canvas_memory_impl.h"
+#include "BarcodeLib/tree/barcode_column.h"
+#include "BarcodeLib/tree/barcode_row.h"
+#include "BarcodeLib/tree/barcode_space.h"
+#include "BarcodeLib/tree/barcode_text.h"
+#include "tests/support/tree_checks.h"
+
+using namespace BarcodeVelko;
+using VelkoTest::thrownCode;
+
+namespace {
+
+// Records what the tree asks of the bridge. Each drawing call moves the pen on by the box it was
+// given, as a careless surface might, so that a composite relying on it is caught.
+class RecordingCanvasImp : public BarcodeCanvasMemoryImpl {
+public:
+    struct Call {
+        char kind;  // 'b' bar, 's' space, 't' text
+        unsigned x, y, width, height;
+        bool last;
+        std::wstring text;
+        bool operator==(const Call& o) const {
+            return std::tie(kind, x, y, width, height, last, text) ==
+                   std::tie(o.kind, o.x, o.y, o.width, o.height, o.last, o.text);
+        }
+    };
+
+    std::vector<Call> calls;
+    unsigned penX = 0;
+    unsigned penY = 0;
+
+    RecordingCanvasImp() : BarcodeCanvasMemoryImpl(1000, 1000, 0xFFFFFFFF) {}
+    void getXYImp(unsigned* x, unsigned* y) override { *x = penX, *y = penY; }
+    void setXYImp(unsigned x, unsigned y) override { penX = x, penY = y; }
+    void drawSpaceImp(unsigned w, unsigned h, bool last) override { record('s', w, h, last, L""); }
+    void drawBarImp(unsigned w, unsigned h, bool last) override { record('b', w, h, last, L""); }
+    void drawTextImp(unsigned w, unsigned h, const wchar_t* text) override {
+        record('t', w, h, false, text);
+    }
+
+private:
+    void record(char kind, unsigned width, unsigned height, bool last, const wchar_t* text) {
+        calls.push_back({kind, penX, penY, width, height, last, text});
+        penX += width;
+        penY += height;
+    }
+};
+
+class ThrowingVisitor : public AbstractBarcodeVisitor {
+public:
+    void visit(BarcodeSpace*) override { throw std::runtime_error("space"); }
+    void visit(BarcodeBar*) override { throw BarcodeException::OutOfMemory(); }
+    void visit(BarcodeText*) override {}
+};
+
+// A column of a bars row of `pattern` and a text row of `textWidth` modules and height 0.
+void buildSymbol(BarcodeColumn& column, const char* pattern, unsigned textWidth) {
+    auto* bars = new BarcodeRow;
+    column.add(bars);
+    encode_line(pattern, bars, false, 0, true);
+    auto* texts = new BarcodeRow;
+    column.add(texts);
+    texts->add(new BarcodeText(textWidth, 0, L"x"));
+}
+
+}  // namespace
+
+TEST(EncodeLine, CutsRunsAndFlagsOnlyTheLastRunOfTheLastCall) {
+    struct Case {
+        std::vector<std::pair<const char*, bool>> calls;
+        bool control;
+        unsigned customData;
+        std::vector<std::string> leaves;  // kind and width, "c" control, custom data, "!" last
+    };
+    const Case cases[] = {
+        {{{"0", false}}, false, 0, {"s1"}},
+        {{{"0110", true}}, false, 0, {"s1", "b2", "s1!"}},
+        {{{"0110", false}}, true, 7, {"s1c7", "b2c7", "s1c7"}},
+        {{{"", true}}, false, 0, {}},
+        {{{"1110001", false}, {"1", true}}, false, 0, {"b3", "s3", "b1", "b1!"}},
+        {{{"11", true}, {"0", false}}, false, 0, {"b2!", "s1"}},
+    };
+    for (const Case& c : cases) {
+        BarcodeRow row;
+        for (const auto& [pattern, last] : c.calls) {
+            encode_line(pattern, &row, c.control, c.customData, last);
+        }
+        std::vector<std::string> leaves;
+        for (const VelkoTest::Leaf& leaf : VelkoTest::leavesOf(&row)) {
+            leaves.push_back((leaf.kind == '1' ? "b" : "s") + std::to_string(leaf.modules) +
+                             (leaf.control ? "c" : "") +
+                             (leaf.customData ? std::to_string(leaf.customData) : "") +
+                             (leaf.last ? "!" : ""));
+        }
+        EXPECT_EQ(leaves, c.leaves) << c.calls.front().first;
+        EXPECT_EQ(row.getMinHeight(), c.leaves.empty() ? 0u : 1u);
+    }
+}
+
+TEST(Tree, RefusesBrokenCallsWithTheRightException) {
+    const unsigned unexpected = BarcodeException::kUnexpectedCode;
+    const unsigned oom = BarcodeException::kOutOfMemoryCode;
+    BarcodeRow row;
+    BarcodeBar bar(1, 1, false, false);
+    BarcodeText text(3, 0, L"x");
+    const std::pair<std::function<void()>, unsigned> cases[] = {
+        {[&] { row.add(nullptr); }, unexpected},
+        {[&] { row.add(&row); }, unexpected},
+        {[&] { bar.add(&row); }, unexpected},
+        {[&] { row.visit(nullptr); }, unexpected},
+        {[&] { bar.visit(nullptr); }, unexpected},
+        {[&] { text.draw(nullptr); }, unexpected},
+        {[&] { row.draw(nullptr); }, unexpected},
+        {[&] { BarcodeSpace(0x80000000u, 1, false, false); }, unexpected},
+        {[&] { BarcodeBar(1, 0xFFFFFFFFu, false, false); }, unexpected},
+        {[&] { bar.setMinWidth(0x80000000u); }, unexpected},
+        {[&] { bar.setScaleY(0x80000000u); }, unexpected},
+        {[&] { bar.setScaleX(0x7FFFFFFFu); }, 0},
+        {[&] { BarcodeText(1, 1, nullptr); }, unexpected},
+        {[&] { BarcodeText(1, 1, L""); }, oom},
+        {[&] { BarcodeCanvas canvas(nullptr); }, unexpected},
+        {[&] { encode_line(nullptr, &row, false, 0, false); }, unexpected},
+        {[&] { encode_line("1", nullptr, false, 0, false); }, unexpected},
+        {[&] { encode_line("0120", &row, false, 0, false); }, unexpected},
+    };
+    for (size_t i = 0; i < std::size(cases); ++i) {
+        EXPECT_EQ(thrownCode(cases[i].first), cases[i].second) << "case " << i;
+    }
+    EXPECT_EQ(row.getMinWidth(), 0u);  // the bad pattern added nothing
+
+    // A std::exception from a visitor comes out as Unexpected, our own exceptions unchanged.
+    ThrowingVisitor throwing;
+    encode_line("1", &row, false, 0, false);
+    EXPECT_EQ(thrownCode([&] { row.visit(&throwing); }), oom);
+    BarcodeColumn column;
+    buildSymbol(column, "0", 1);
+    EXPECT_EQ(thrownCode([&] { column.visit(&throwing); }), unexpected);
+}
+
+TEST(Tree, SizeVisitorGivesWholeModulesAndPixelHeights) {
+    struct Case {
+        unsigned canvasWidth, canvasHeight, fontSize;
+        unsigned moduleWidth, barHeight, textWidth;
+    };
+    // 10 modules of bars under a text of 12, which doesn't count before it has a height.
+    const Case cases[] = {
+        {35, 100, 10, 3, 90, 36},  // the remainder of the width is not spread
+        {5, 100, 10, 1, 90, 12},   // narrower than the symbol: still one pixel a module
+        {40, 100, 0, 4, 100, 0},   // invisible text: no text, the bars take the height
+        {40, 8, 10, 4, 0, 48},     // text taller than the canvas
+    };
+    for (const Case& c : cases) {
+        BarcodeColumn column;
+        buildSymbol(column, "1101000111", 12);
+        VisitorSizeCodeX visitor(column.getMinWidth(), column.getMinHeight(), c.canvasWidth,
+                                 c.canvasHeight, c.fontSize, 30);
+        column.visit(&visitor);
+        auto* imp = new RecordingCanvasImp;
+        BarcodeCanvas canvas(imp);
+        column.draw(&canvas);
+        ASSERT_EQ(imp->calls.size(), 6u);
+        for (const auto& call : imp->calls) {
+            const bool text = call.kind == 't';
+            EXPECT_EQ(call.height, text ? c.fontSize : c.barHeight) << c.canvasWidth;
+            EXPECT_EQ(call.width % c.moduleWidth, 0u) << c.canvasWidth;
+        }
+        EXPECT_EQ(imp->calls.back().width, c.textWidth) << c.canvasWidth;
+        EXPECT_EQ(imp->calls.front().width, 2 * c.moduleWidth) << c.canvasWidth;
+        EXPECT_EQ(column.getWidth(), std::max(10 * c.moduleWidth, c.textWidth));
+    }
+}
+
+TEST(Tree, DrawPlacesEachLeafAndLeavesThePenWhereItWas) {
+    // Two rows in a column, the second holding a nested column and a text.
+    BarcodeColumn root;
+    auto* top = new BarcodeRow;
+    root.add(top);
+    encode_line("1100111", top, false, 0, true);
+    auto* bottom = new BarcodeRow;
+    root.add(bottom);
+    auto* nested = new BarcodeColumn;
+    bottom->add(nested);
+    encode_line("1", nested, false, 0, false);
+    encode_line("0", nested, false, 0, false);
+    bottom->add(new BarcodeText(4, 2, L"ab"));
+
+    auto* imp = new RecordingCanvasImp;
+    BarcodeCanvas canvas(imp);
+    AbstractBarcodeElement* const composites[] = {&root, top, bottom, nested};
+    for (AbstractBarcodeElement* composite : composites) {
+        imp->penX = 5;
+        imp->penY = 7;
+        composite->draw(&canvas);
+        EXPECT_EQ(imp->penX, 5u);
+        EXPECT_EQ(imp->penY, 7u);
+    }
+
+    const RecordingCanvasImp::Call expected[] = {
+        {'b', 5, 7, 2, 1, false, L""}, {'s', 7, 7, 2, 1, false, L""},
+        {'b', 9, 7, 3, 1, true, L""},  {'b', 5, 8, 1, 1, false, L""},
+        {'s', 5, 9, 1, 1, false, L""}, {'t', 6, 8, 4, 2, false, L"ab"},
+    };
+    ASSERT_GE(imp->calls.size(), std::size(expected));
+    for (size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(imp->calls[i], expected[i]) << i;
+    }
+}
+
+TEST(Code39, AcceptsItsCharacterSetOnly) {
+    const std::pair<const wchar_t*, bool> cases[] = {
+        {L"CODE39", true}, {L"A*B", true},       {L" $%+-./", true}, {L"Code39", false},
+        {L"", false},      {L"AB\u00C4", false}, {L"A_B", false},    {L"A,B", false},
+    };
+    StrategyCode39 strategy;
+    for (const auto& [value, valid] : cases) {
+        std::wstring check = L"stale";
+        EXPECT_EQ(strategy.checkRaw(value), valid) << value;
+        EXPECT_EQ(strategy.calcCheckSymbol(value, check), valid) << value;
+        EXPECT_EQ(check, L"");
+    }
+}
+
+TEST(Code39, TreeOfTheDemoValueIs127ModulesUnderItsText) {
+    StrategyCode39 strategy;
+    const auto root = VelkoTest::build(strategy, strategy.getDemoValue(), 3);
+    ASSERT_EQ(root->getMinWidth(), 127u);
+    // Two pixels a module, and one short of a third.
+    VelkoTest::sizeTree(strategy, root.get(), 127 * 2 + 1, 80, 12);
+    auto* imp = new RecordingCanvasImp;
+    BarcodeCanvas canvas(imp);
+    root->draw(&canvas);
+    ASSERT_EQ(imp->calls.back().kind, 't');
+    EXPECT_EQ(imp->calls.back().text, L"CODE39");
+    EXPECT_EQ(imp->calls.back().width, 254u);
+    EXPECT_EQ(imp->calls.back().height, 12u);
+    unsigned barsWidth = 0;
+    for (size_t i = 0; i + 1 < imp->calls.size(); ++i) {
+        barsWidth += imp->calls[i].width;
+        EXPECT_EQ(imp->calls[i].height, 68u);
+        EXPECT_EQ(imp->calls[i].last, i + 2 == imp->calls.size());
+    }
+    EXPECT_EQ(barsWidth, 254u);
+}
+
+TEST(Code39, KeepsAGivenTextAndRefusesWithoutTouchingIt) {
+    StrategyCode39 strategy;
+    std::wstring text = L"shown";
+    EXPECT_TRUE(VelkoTest::build(strategy, L"AB", 3, &text));
+    EXPECT_EQ(text, L"shown");
+    EXPECT_TRUE(VelkoTest::refuses(strategy, L"ab", 3));
+
+    BarcodeRow row;
+    EXPECT_THROW(strategy.generate(L"AB", nullptr, 3, 0, true, 0, 0, 0, 0, text),
+                 BarcodeException::Unexpected);
+    EXPECT_THROW(strategy.sizeVisitor(nullptr, 1, 1, 1, 1, 1, 1), BarcodeException::Unexpected);
+    EXPECT_THROW(StrategyCode39::encodeChar(L'a', &row, false), BarcodeException::Unexpected);
+}
