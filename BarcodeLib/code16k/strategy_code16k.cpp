@@ -12,6 +12,7 @@
 #include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_column.h"
 #include "BarcodeLib/tree/barcode_row.h"
 
@@ -293,7 +294,7 @@ const wchar_t* StrategyCode16k::getRawDemoValue() {
 }
 
 unsigned StrategyCode16k::getDefaultTextAlign() {
-    return 0;
+    return kTextCentre;
 }
 
 AbstractBarcodeVisitor* StrategyCode16k::sizeVisitor(AbstractBarcodeElement* root,

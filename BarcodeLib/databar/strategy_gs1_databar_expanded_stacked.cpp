@@ -11,6 +11,7 @@
 #include "BarcodeLib/linear/strategy_ean128.h"
 #include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_bar.h"
 #include "BarcodeLib/tree/barcode_column.h"
 #include "BarcodeLib/tree/barcode_row.h"
@@ -100,7 +101,7 @@ const wchar_t* StrategyGS1DatabarExpandedStacked::getDemoValue() {
 }
 
 unsigned StrategyGS1DatabarExpandedStacked::getDefaultTextAlign() {
-    return 3;
+    return kTextFull;
 }
 
 AbstractBarcodeVisitor* StrategyGS1DatabarExpandedStacked::sizeVisitor(

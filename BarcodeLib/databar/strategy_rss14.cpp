@@ -8,6 +8,7 @@
 #include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_bar.h"
 #include "BarcodeLib/tree/barcode_row.h"
 #include "BarcodeLib/tree/barcode_space.h"
@@ -144,7 +145,7 @@ const wchar_t* StrategyRSS14::getRawDemoValue() {
 }
 
 unsigned StrategyRSS14::getDefaultTextAlign() {
-    return 0;
+    return kTextCentre;
 }
 
 AbstractBarcodeVisitor* StrategyRSS14::sizeVisitor(AbstractBarcodeElement* root,

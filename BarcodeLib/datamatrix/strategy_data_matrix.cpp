@@ -10,6 +10,7 @@
 #include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/strategy/encode_line.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_column.h"
 #include "BarcodeLib/tree/barcode_row.h"
 #include "layer/GS1/gs1.h"
@@ -164,7 +165,7 @@ const wchar_t* StrategyDataMatrix::getDemoValue() {
 }
 
 unsigned StrategyDataMatrix::getDefaultTextAlign() {
-    return 0;
+    return kTextCentre;
 }
 
 AbstractBarcodeVisitor* StrategyDataMatrix::sizeVisitor(AbstractBarcodeElement* root,

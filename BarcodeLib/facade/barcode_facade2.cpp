@@ -11,6 +11,7 @@
 #include "BarcodeLib/strategy/abstract_barcode_strategy.h"
 #include "BarcodeLib/tree/abstract_barcode_element.h"
 #include "BarcodeLib/tree/barcode_space.h"
+#include "BarcodeLib/tree/canvas_rotation.h"
 #include "layer/foundation/base64.h"
 
 namespace BarcodeVelko {
@@ -45,13 +46,11 @@ BarcodeFacade2::BarcodeFacade2() = default;
 BarcodeFacade2::~BarcodeFacade2() = default;
 
 int BarcodeFacade2::pictureFirst() const {
-    const bool turned = canvasRotation == 90 || canvasRotation == 270;
-    return static_cast<int>(turned ? rowCount : columnCount);
+    return static_cast<int>(isTurned(canvasRotation) ? rowCount : columnCount);
 }
 
 int BarcodeFacade2::pictureSecond() const {
-    const bool turned = canvasRotation == 90 || canvasRotation == 270;
-    return static_cast<int>(turned ? columnCount : rowCount);
+    return static_cast<int>(isTurned(canvasRotation) ? columnCount : rowCount);
 }
 
 std::wstring BarcodeFacade2::prepareCodeValue(const std::wstring& value, int dataType,

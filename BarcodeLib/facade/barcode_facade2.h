@@ -23,11 +23,13 @@ class BarcodeFacade2 {
 public:
     static constexpr unsigned kCodeTypeCount = BarcodeVelko::kCodeTypeCount;
     static constexpr unsigned kAutoTextAlign = 0xFFFFFFFF;
-    // The longest code, as the symbologies get it, that a picture can show: a picture is at most
-    // 8000 pixels a side, every character of a linear symbol takes a module of a pixel or more,
-    // and a matrix or stacked symbol holds at most 7089 characters. No tree is built for a
+    // BarVerticalAlign: where the symbol stands in a picture taller than itself.
+    enum VerticalAlign : unsigned { kAlignTop = 1, kAlignMiddle = 2, kAlignBottom = 3 };
+    // The longest code, as the symbologies get it, that a picture can show: every character of a
+    // linear symbol takes a module of a pixel or more in a picture of at most kMaxSide pixels a
+    // side, and a matrix or stacked symbol holds at most 7089 characters. No tree is built for a
     // longer one (docs/limits.md).
-    static constexpr std::size_t kMaxValueLength = 8000;
+    static constexpr std::size_t kMaxValueLength = PImage::kMaxSide;
 
     BarcodeFacade2();
     ~BarcodeFacade2();

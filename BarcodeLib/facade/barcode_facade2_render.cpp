@@ -11,6 +11,7 @@
 #include "BarcodeLib/tree/abstract_barcode_visitor.h"
 #include "BarcodeLib/tree/barcode_canvas.h"
 #include "BarcodeLib/tree/barcode_canvas_memory_impl.h"
+#include "BarcodeLib/tree/canvas_rotation.h"
 
 namespace BarcodeVelko {
 
@@ -28,10 +29,6 @@ constexpr unsigned kErrorWidth = 200;
 constexpr unsigned kErrorHeight = 100;
 constexpr unsigned kErrorFontSize = 12;
 constexpr unsigned kErrorTextWidth = 180;
-
-bool isTurned(unsigned rotation) {
-    return rotation == 90 || rotation == 270;
-}
 
 // Each size is halved on its own before the subtraction; 0 when the symbol is the larger.
 unsigned centred(unsigned canvas, unsigned symbol) {
@@ -122,9 +119,9 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
     // A picture turned by 180 degrees has its top and bottom exchanged.
     const bool upsideDown = canvasRotation == 180;
     placement.y = 0;
-    if (barVerticalAlign == 2) {
+    if (barVerticalAlign == kAlignMiddle) {
         placement.y = centred(placement.canvasHeight, placement.symbolHeight);
-    } else if ((barVerticalAlign == 3) != upsideDown) {
+    } else if ((barVerticalAlign == kAlignBottom) != upsideDown) {
         placement.y = farEdge(placement.canvasHeight, placement.symbolHeight);
     }
     return PError();

@@ -3,14 +3,14 @@
 
 #include "BarcodeLib/errors/barcode_exception.h"
 #include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/abstract_barcode_element.h"
+#include "BarcodeLib/tree/canvas_rotation.h"
 #include "layer/fonts/p_system_font_helper.h"
 
 namespace BarcodeVelko {
 
 namespace {
-
-constexpr unsigned kMaxCount = 8000;
 
 const wchar_t kDefaultFont[] = L"default";
 
@@ -81,7 +81,7 @@ void BarcodeFacade2::setLogoSizePercent(double value) {
 }
 
 void BarcodeFacade2::setTextAlign(unsigned value) {
-    if (value > 6) {
+    if (value > kLastTextLayout) {
         throw BarcodeException::TextAlignWrongValue();
     }
     textAlign = value;
@@ -99,28 +99,27 @@ void BarcodeFacade2::setTextPos(unsigned value) {
 }
 
 void BarcodeFacade2::setCanvasRotation(unsigned value) {
-    const bool right = value == 0 || value == 90 || value == 180 || value == 270;
-    canvasRotation = right ? value : 0;
+    canvasRotation = isRightAngle(value) ? value : 0;
 }
 
 void BarcodeFacade2::setBarVerticalAlign(unsigned value) {
-    barVerticalAlign = value >= 1 && value <= 3 ? value : 1;
+    barVerticalAlign = value >= kAlignTop && value <= kAlignBottom ? value : kAlignTop;
 }
 
 void BarcodeFacade2::setColumnCount(unsigned value) {
-    columnCount = std::min(value, kMaxCount);
+    columnCount = std::min(value, PImage::kMaxSide);
 }
 
 void BarcodeFacade2::setRowCount(unsigned value) {
-    rowCount = std::min(value, kMaxCount);
+    rowCount = std::min(value, PImage::kMaxSide);
 }
 
 void BarcodeFacade2::setColumn2DCount(unsigned value) {
-    column2DCount = std::min(value, kMaxCount);
+    column2DCount = std::min(value, PImage::kMaxSide);
 }
 
 void BarcodeFacade2::setRow2DCount(unsigned value) {
-    row2DCount = std::min(value, kMaxCount);
+    row2DCount = std::min(value, PImage::kMaxSide);
 }
 
 void BarcodeFacade2::setECL(unsigned value) {

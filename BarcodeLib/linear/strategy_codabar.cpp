@@ -6,6 +6,7 @@
 #include "BarcodeLib/linear/visitor_size_codabar.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_row.h"
 
 namespace BarcodeVelko {
@@ -80,7 +81,7 @@ const wchar_t* StrategyCodaBar::getDemoValue() {
 }
 
 unsigned StrategyCodaBar::getDefaultTextAlign() {
-    return 0;
+    return kTextCentre;
 }
 
 AbstractBarcodeVisitor* StrategyCodaBar::sizeVisitor(AbstractBarcodeElement* root,

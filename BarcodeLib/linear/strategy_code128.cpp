@@ -7,6 +7,7 @@
 #include "BarcodeLib/linear/visitor_size_code_x.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_row.h"
 
 namespace BarcodeVelko {
@@ -75,7 +76,7 @@ const wchar_t* StrategyCode128::getDemoValue() {
 }
 
 unsigned StrategyCode128::getDefaultTextAlign() {
-    return 3;
+    return kTextFull;
 }
 
 AbstractBarcodeVisitor* StrategyCode128::sizeVisitor(AbstractBarcodeElement* root,

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "BarcodeLib/strategy/abstract_barcode_strategy.h"
+#include "BarcodeLib/strategy/text_layout.h"
 
 namespace BarcodeVelko {
 
@@ -22,7 +23,7 @@ public:
                   bool showCS, int first, int second, int ecl, int param,
                   std::wstring& codeText) override;
     const wchar_t* getDemoValue() override { return L"CODE39"; }
-    unsigned getDefaultTextAlign() override { return 3; }
+    unsigned getDefaultTextAlign() override { return kTextFull; }
     AbstractBarcodeVisitor* sizeVisitor(AbstractBarcodeElement* root, unsigned canvasWidth,
                                         unsigned canvasHeight, unsigned fontSize, unsigned sentinel,
                                         unsigned aspectX, unsigned aspectY) override;

@@ -9,6 +9,7 @@
 #include "BarcodeLib/linear/visitor_size_code_x.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_row.h"
 
 namespace BarcodeVelko {
@@ -122,7 +123,7 @@ const wchar_t* StrategyCode93::getDemoValue() {
 }
 
 unsigned StrategyCode93::getDefaultTextAlign() {
-    return 3;
+    return kTextFull;
 }
 
 AbstractBarcodeVisitor* StrategyCode93::sizeVisitor(AbstractBarcodeElement* root,

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "BarcodeLib/strategy/abstract_barcode_strategy.h"
+#include "BarcodeLib/strategy/text_layout.h"
 
 namespace BarcodeVelko {
 
@@ -11,15 +12,10 @@ class AbstractBarcodeComposite;
 
 // EAN-8, and the digit sets, guard patterns and tree building that the whole EAN family shares.
 // The human-readable digits stand between the guard bars, which reach down into the text row;
-// textAlign 4, 5 and 6 choose how the digits are grouped there, 4 and 5 with a light 7-module
-// margin on both sides of the bars that holds the outer digits.
+// the EAN text layouts choose how the digits are grouped there, EAN1 and EAN2 with a light
+// 7-module margin on both sides of the bars that holds the outer digits.
 class StrategyEAN8 : public AbstractBarcodeStrategy {
 public:
-    // The TextAlign values that group the digits between the guard bars.
-    static constexpr int kTextLayoutEAN1 = 4;  // first digit outside, two groups inside
-    static constexpr int kTextLayoutEAN2 = 5;  // first and last digits outside
-    static constexpr int kTextLayoutEAN3 = 6;  // two groups inside, nothing outside
-
     // Widths in modules: a digit, the light margin beside the bars in EAN1 and EAN2, the
     // digits of one half of each symbol, and the one-line texts (EAN-8's is one module short
     // of its 67-module bars row).

@@ -5,6 +5,7 @@
 #include "BarcodeLib/linear/visitor_size_itf14.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_row.h"
 
 namespace BarcodeVelko {
@@ -65,7 +66,7 @@ const wchar_t* StrategyITF14::getRawDemoValue() {
 }
 
 unsigned StrategyITF14::getDefaultTextAlign() {
-    return 3;
+    return kTextFull;
 }
 
 AbstractBarcodeVisitor* StrategyITF14::sizeVisitor(AbstractBarcodeElement* root,

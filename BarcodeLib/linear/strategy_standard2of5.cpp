@@ -4,6 +4,7 @@
 #include "BarcodeLib/linear/visitor_size_2of5.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_row.h"
 
 namespace BarcodeVelko {
@@ -61,7 +62,7 @@ const wchar_t* StrategyStandard2of5::getRawDemoValue() {
 }
 
 unsigned StrategyStandard2of5::getDefaultTextAlign() {
-    return 0;
+    return kTextCentre;
 }
 
 AbstractBarcodeVisitor* StrategyStandard2of5::sizeVisitor(AbstractBarcodeElement* root,

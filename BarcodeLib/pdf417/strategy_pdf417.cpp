@@ -4,6 +4,7 @@
 #include "BarcodeLib/guarded.h"
 #include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/pdf417/visitor_size_pdf417.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "layer/foundation/utf8.h"
 
 namespace BarcodeVelko {
@@ -77,7 +78,7 @@ const wchar_t* StrategyPDF417::getDemoValue() {
 }
 
 unsigned StrategyPDF417::getDefaultTextAlign() {
-    return 0;
+    return kTextCentre;
 }
 
 AbstractBarcodeVisitor* StrategyPDF417::sizeVisitor(AbstractBarcodeElement* root,

@@ -10,6 +10,7 @@
 #include "BarcodeLib/qr/visitor_size_qr.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/strategy/encode_line.h"
+#include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/barcode_column.h"
 #include "BarcodeLib/tree/barcode_repeated_row.h"
 #include "BarcodeLib/tree/barcode_row.h"
@@ -58,7 +59,7 @@ const wchar_t* StrategyQR::getDemoValue() {
 }
 
 unsigned StrategyQR::getDefaultTextAlign() {
-    return 0;
+    return kTextCentre;
 }
 
 AbstractBarcodeVisitor* StrategyQR::sizeVisitor(AbstractBarcodeElement* root, unsigned, unsigned,

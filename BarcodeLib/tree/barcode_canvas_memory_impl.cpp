@@ -1,4 +1,5 @@
 #include "BarcodeLib/tree/barcode_canvas_memory_impl.h"
+#include "BarcodeLib/tree/canvas_rotation.h"
 
 #include <algorithm>
 #include <climits>
@@ -198,7 +199,7 @@ void BarcodeCanvasMemoryImpl::setCanvasRotation(int rotation) {
     if (angle == 180) {
         d->rotatedDevice = std::make_unique<PPaintDeviceAlias>(d->baseDevice.get(), w, h, false);
         d->rotatedDevice->setTransfotm(Transform<int>(-1, 0, 0, 0, -1, 0, w - 1, h - 1, 1));
-    } else if (angle == 90 || angle == 270) {
+    } else if (isTurned(static_cast<unsigned>(angle))) {
         // The same buffer, read with rows of the other length, is the turned picture.
         const unsigned bytesPerPixel = d->baseDevice->bytesPerPixel();
         auto turned = std::make_unique<PPaintDevice>(d->image.pixelData(), h, w, bytesPerPixel,
