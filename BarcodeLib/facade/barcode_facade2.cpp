@@ -64,8 +64,8 @@ std::wstring BarcodeFacade2::prepareCodeValue(const std::wstring& value, int dat
     std::wstring text = base642Raw(base64);
     // The GS1 symbologies read a value that doesn't open with FNC1 (character 232) as a
     // bracketed element string.
-    const bool gs1 =
-        codeType >= 0 && codeType < static_cast<int>(kCodeTypeCount) && g_codeTypes[codeType].gs1;
+    const bool gs1 = codeType >= 0 && codeType < static_cast<int>(kCodeTypeCount) &&
+                     g_codeTypes[codeType].has(kGS1Value);
     if (gs1 && !text.empty() && text[0] != static_cast<wchar_t>(232)) {
         text.insert(0, L"{FMC1}");
     }
@@ -160,7 +160,7 @@ bool BarcodeFacade2::generateTree(AbstractBarcodeStrategy& strategy, const wchar
 bool BarcodeFacade2::longCode(AbstractBarcodeStrategy& strategy, int type, const std::wstring& code,
                               const std::wstring& stem, int first, int second,
                               SmartPtr<AbstractBarcodeElement>& tree) {
-    if (!g_codeTypes[type].growsWithValue ||
+    if (!g_codeTypes[type].has(kGrowsWithValue) ||
         !guarded([&] { return strategy.checkRaw(code.c_str()); })) {
         // What generateTree does before the strategy has its say.
         if (textAlign == kAutoTextAlign) {

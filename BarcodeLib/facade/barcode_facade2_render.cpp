@@ -54,7 +54,7 @@ PImage BarcodeFacade2::draw2mem() {
         lastError = placeTree(placement);
         if (lastError.code() == 0) {
             result = paintTree(placement);
-            if (codeType == static_cast<unsigned>(CodeType::QR)) {
+            if (g_codeTypes[codeType].has(kTakesLogo)) {
                 stampLogo(result, logo, logoSizePercent, static_cast<int>(placement.x),
                           static_cast<int>(placement.y), placement.symbolWidth,
                           placement.symbolHeight);
