@@ -45,7 +45,7 @@ enum class StrategySetting { None, QRErrorCorrectionLevel, GS1DatabarRowCount };
 // Everything the facade and the tools know about one code type.
 struct CodeTypeRow {
     CodeType type;
-    // Gallery file names and benchmark rows.
+    // Gallery file names, benchmark rows and the tool's -t.
     const char* name;
     // A new strategy, given the row's argument.
     AbstractBarcodeStrategy* (*make)(int argument);
