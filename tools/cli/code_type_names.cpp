@@ -8,6 +8,7 @@
 #include "BarcodeLib/abstract_barcode_strategy.h"
 #include "BarcodeLib/code_types.h"
 #include "host/text_forms.h"
+#include "layer/foundation/string_helpers.h"
 
 namespace VelkoCli {
 
@@ -61,12 +62,6 @@ constexpr bool acceptsInTypeOrder() {
 }
 static_assert(acceptsInTypeOrder(), "a row stands at the index of its code type");
 
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
 // The value the type draws when none is given; where the type can't draw its own, the one the
 // gallery draws instead.
 std::string demoValue(const BarcodeVelko::CodeTypeRow& row) {
@@ -85,7 +80,7 @@ int codeTypeNamed(const std::string& text) {
         const unsigned long number = text.size() > 2 ? kCodeTypeCount : std::stoul(text);
         return number < kCodeTypeCount ? static_cast<int>(number) : -1;
     }
-    const std::string name = lowerCase(text);
+    const std::string name = str_tolower(text);
     for (const BarcodeVelko::CodeTypeRow& row : g_codeTypes) {
         if (name == row.name) {
             return static_cast<int>(row.type);

@@ -2,9 +2,9 @@
 
 #include <fontconfig/fontconfig.h>
 
-#include <algorithm>
-#include <cctype>
 #include <memory>
+
+#include "layer/foundation/string_helpers.h"
 
 namespace VelkoCli {
 
@@ -15,10 +15,7 @@ const char kTtfSuffix[] = ".ttf";
 using Pattern = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
 
 std::string lowerCase(const FcChar8* text) {
-    std::string lower(reinterpret_cast<const char*>(text));
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return lower;
+    return str_tolower(reinterpret_cast<const char*>(text));
 }
 
 // The i-th value of a string property, or null.

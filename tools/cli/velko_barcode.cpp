@@ -18,6 +18,7 @@
 
 #include "BarcodeLib/code_types.h"
 #include "layer/foundation/base64.h"
+#include "layer/foundation/string_helpers.h"
 #include "tools/cli/code_type_names.h"
 #include "tools/cli/font_names.h"
 #include "tools/cli/library_choice.h"
@@ -119,11 +120,7 @@ bool endsWithPng(const std::string& path) {
     if (path.size() <= length) {
         return false;
     }
-    std::string suffix = path.substr(path.size() - length);
-    for (char& c : suffix) {
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return suffix == kPngSuffix;
+    return str_tolower(path.substr(path.size() - length)) == kPngSuffix;
 }
 
 Options parse(int argc, char** argv) {
