@@ -63,7 +63,7 @@ constexpr CodeTypeTrait operator|(CodeTypeTrait a, CodeTypeTrait b) {
 // Everything the facade and the tools know about one code type.
 struct CodeTypeRow {
     CodeType type;
-    // Gallery file names and benchmark rows.
+    // Gallery file names, benchmark rows and the tool's -t.
     const char* name;
     // A new strategy, given the row's argument (the Data Matrix scheme; 0 for the others).
     AbstractBarcodeStrategy* (*make)(int argument);

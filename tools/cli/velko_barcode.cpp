@@ -11,12 +11,17 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "BarcodeLib/facade/code_types.h"
 #include "layer/foundation/base64.h"
+#include "layer/foundation/string_helpers.h"
+#include "tools/cli/code_type_names.h"
+#include "tools/cli/font_names.h"
+#include "tools/cli/library_choice.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"
 #include "tools/host/host_strings.h"
@@ -30,26 +35,39 @@ namespace {
 const char kUsage[] =
     "velko-barcode [options] [--] [VALUE]\n"
     "velko-barcode [options] --batch FILE\n"
-    "  -t, --type N          write CodeAuto=false, then CodeType=N\n"
+    "velko-barcode --types | --fonts | --version | --help\n"
+    "  -t, --type TYPE       write CodeAuto=false, then CodeType=TYPE: a number from 0 to 24 or\n"
+    "                        a name that --types lists (ean13, qr, datamatrix-gs1, ...)\n"
     "  -s, --set NAME=VALUE  write any property by its English or Russian name; the value is\n"
     "                        read by the property's type: an integer (decimal or 0x hex),\n"
-    "                        true/false, or text\n"
+    "                        true/false, or text. Font takes a name that --fonts lists, in\n"
+    "                        either column: \"DejaVuSans-Bold\" or \"DejaVu Sans:style=Bold\",\n"
+    "                        or a family alone, as fc-list prints them\n"
     "  -b, --base64          the value is Base64 (InputDataType=1)\n"
     "      --logo FILE       a PNG file for LogoImage (sent as Base64)\n"
     "                        -t, -s, -b and --logo are written in the order given, the value last\n"
-    "  -o, --out PATH        the PNG to write (default barcode.png); with --batch, the folder\n"
-    "                        (default .)\n"
+    "  -o, --out PATH        the PNG to write, a name ending in .png (default barcode.png), or\n"
+    "                        - for standard output; with --batch, the folder (default .)\n"
     "      --batch FILE      one value a line (FILE - is standard input), each drawn with the\n"
     "                        same settings into OUT/NNNNNN.png, NNNNNN the line number\n"
     "      --gallery DIR     the demo value of every code type into DIR, one PNG each, named by\n"
     "                        type number and symbology, at a size that fits it, with index.html\n"
-    "      --fonts           list the fonts (FontCount, FontAt), one a line\n"
+    "      --fonts           list the fonts (FontCount, FontAt), one a line, with fc-list's name\n"
+    "      --types           list the code types: number, name, demo value, what each accepts\n"
     "  -q, --quiet           print nothing\n"
+    "      --version         the tool's version and the library it loads: $VELKO_EXTENSION\n"
+    "                        where set, else the one installed beside the tool, else the build's\n"
     "  -h, --help\n"
     "Exit: 0 every picture is a clean barcode, 1 some picture shows an error, 2 a usage error,\n"
     "a write the object refused, or a folder or file that can't be made or read.\n";
 
 enum Exit { kClean = 0, kErrorPicture = 1, kUsageError = 2 };
+
+const char kPngSuffix[] = ".png";
+const char kBuiltInFont[] = "default";
+constexpr long kFontAt = 1;
+constexpr long kFindFont = 2;
+const char kStandardOutput[] = "-";
 
 // One property write: the name and the text of its value.
 using Write = std::pair<std::string, std::string>;
@@ -61,6 +79,8 @@ struct Options {
     std::string batch;
     std::string gallery;
     bool fonts = false;
+    bool types = false;
+    bool version = false;
     bool quiet = false;
     bool haveValue = false;
     std::string value;
@@ -95,7 +115,18 @@ std::string readBase64(const std::string& path) {
         std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>()));
 }
 
+bool endsWithPng(const std::string& path) {
+    const std::size_t length = sizeof kPngSuffix - 1;
+    if (path.size() <= length) {
+        return false;
+    }
+    return str_tolower(path.substr(path.size() - length)) == kPngSuffix;
+}
+
 Options parse(int argc, char** argv) {
+    if (argc < 2) {
+        throw UsageError{};
+    }
     Options options;
     auto argument = [&](int& i) -> std::string {
         if (i + 1 >= argc) {
@@ -119,8 +150,13 @@ Options parse(int argc, char** argv) {
             std::cout << kUsage;
             std::exit(kClean);
         } else if (arg == "-t" || arg == "--type") {
+            const std::string name = argument(i);
+            const int type = VelkoCli::codeTypeNamed(name);
+            if (type < 0) {
+                throw UsageError{"no code type " + name + ": --types lists them", false};
+            }
             options.writes.emplace_back("CodeAuto", "false");
-            options.writes.emplace_back("CodeType", argument(i));
+            options.writes.emplace_back("CodeType", std::to_string(type));
             options.typeGiven = true;
         } else if (arg == "-s" || arg == "--set") {
             const std::string assignment = argument(i);
@@ -142,6 +178,10 @@ Options parse(int argc, char** argv) {
             options.gallery = argument(i);
         } else if (arg == "--fonts") {
             options.fonts = true;
+        } else if (arg == "--types") {
+            options.types = true;
+        } else if (arg == "--version") {
+            options.version = true;
         } else if (arg == "-q" || arg == "--quiet") {
             options.quiet = true;
         } else if (arg.size() > 1 && arg[0] == '-') {
@@ -159,12 +199,33 @@ Options parse(int argc, char** argv) {
     if (options.out.empty()) {
         options.out = options.batch.empty() ? "barcode.png" : ".";
     }
+    if (options.batch.empty() && options.out != kStandardOutput && !endsWithPng(options.out)) {
+        throw UsageError{"-o takes a name ending in .png, or -, not " + options.out};
+    }
     return options;
 }
 
 std::string lastHostError(ExtensionSession& session) {
     const auto& errors = session.host().errors;
     return errors.empty() ? std::string() : VelkoHost::toUtf8(errors.back().description);
+}
+
+bool knownFont(ExtensionSession& session, const std::string& name) {
+    Value known;
+    return session.call(kFindFont, {name}, known) && known == Value(true);
+}
+
+// The library's name of a font the user may have named as fc-list does. The library itself
+// takes a name it doesn't know without a word, and draws with its built-in font.
+std::string libraryFont(ExtensionSession& session, const std::string& name) {
+    if (name == kBuiltInFont || knownFont(session, name)) {
+        return name;
+    }
+    const std::string translated = VelkoCli::libraryFontName(name);
+    if (translated.empty() || !knownFont(session, translated)) {
+        throw UsageError{"no font " + name + ": --fonts lists them", false};
+    }
+    return translated;
 }
 
 // Writes one property, reading the text by the property's type as a read of it shows.
@@ -174,7 +235,7 @@ void write(ExtensionSession& session, const std::string& name, const std::string
         throw UsageError{"no property named " + name};
     }
     const Value current = session.get(index);
-    Value value = text;
+    Value value = index == session.propIndex("Font") ? libraryFont(session, text) : text;
     if (std::holds_alternative<int>(current)) {
         int number = 0;
         if (!parseInteger(text, number)) {
@@ -216,8 +277,13 @@ bool savePng(const std::vector<unsigned char>& png, const std::string& path, uns
     if (png.empty() || lodepng_inspect(&width, &height, &state, png.data(), png.size()) != 0) {
         return false;
     }
+    const auto* bytes = reinterpret_cast<const char*>(png.data());
+    const auto size = static_cast<std::streamsize>(png.size());
+    if (path == kStandardOutput) {
+        return static_cast<bool>(std::cout.write(bytes, size).flush());
+    }
     std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
+    file.write(bytes, size);
     return static_cast<bool>(file);
 }
 
@@ -409,10 +475,22 @@ int batch(const ExtensionLibrary& library, const Options& options) {
 }
 
 int run(const Options& options) {
-    const ExtensionLibrary library(ExtensionLibrary::defaultPath());
+    if (options.types) {
+        VelkoCli::printCodeTypes(std::cout);
+        return kClean;
+    }
+    const VelkoCli::LibraryChoice choice = VelkoCli::chooseLibrary();
+    const ExtensionLibrary library(choice.path);
+    if (options.version) {
+        std::cout << "velko-barcode " << VELKO_VERSION << "\nlibrary " << choice.path << " ("
+                  << choice.source << ")\n";
+    }
     if (!library.loaded()) {
         std::cerr << "velko-barcode: " << library.error() << "\n";
         return kUsageError;
+    }
+    if (options.version) {
+        return kClean;
     }
     if (!options.gallery.empty()) {
         return gallery(library, options);
@@ -428,11 +506,15 @@ int run(const Options& options) {
     if (options.fonts) {
         const Value count = session.get("FontCount");
         const int fonts = std::holds_alternative<int>(count) ? std::get<int>(count) : 0;
+        const std::map<std::string, std::string> fcNames = VelkoCli::fcFontNames();
         for (int i = 0; i < fonts; ++i) {
             Value name;
-            session.call(1, {i}, name);
+            session.call(kFontAt, {i}, name);
+            const auto fcName = fcNames.find(text(name));
             if (!options.quiet) {
-                std::cout << text(name) << "\n";
+                std::cout << text(name)
+                          << (fcName == fcNames.end() ? std::string() : "\t" + fcName->second)
+                          << "\n";
             }
         }
         return kClean;
@@ -446,11 +528,13 @@ int run(const Options& options) {
     const bool saved = savePng(session.getBarcode(), options.out, width, height);
     const int result = pictureResult(session);
     if (!options.quiet) {
+        // Standard output may be the picture itself.
+        std::ostream& report = options.out == kStandardOutput ? std::cerr : std::cout;
         for (const char* name : {"Result", "CodeType", "CodeText", "CodeCheckSymbol"}) {
-            std::cout << name << ": " << text(session.get(name)) << "\n";
+            report << name << ": " << text(session.get(name)) << "\n";
         }
         if (saved) {
-            std::cout << "PNG: " << width << " x " << height << " -> " << options.out << "\n";
+            report << "PNG: " << width << " x " << height << " -> " << options.out << "\n";
         }
     }
     return result == 0 && saved ? kClean : kErrorPicture;
@@ -462,7 +546,10 @@ int main(int argc, char** argv) {
     try {
         return run(parse(argc, argv));
     } catch (const UsageError& error) {
-        std::cerr << "velko-barcode: " << error.message << "\n" << (error.showUsage ? kUsage : "");
+        if (!error.message.empty()) {
+            std::cerr << "velko-barcode: " << error.message << "\n";
+        }
+        std::cerr << (error.showUsage ? kUsage : "");
         return kUsageError;
     }
 }
