@@ -1,102 +1,19 @@
 #pragma once
 
-// The captions and messages of one language. Slot order is part of the interface.
+#include "BarcodeLib/errors/message_table.h"
+
+// The captions and messages of one language, read by slot or through the accessor named after
+// the slot.
 class AbstractTextLocalizerState {
 public:
-    virtual const wchar_t* catnameMain() const = 0;
-    virtual const wchar_t* catnameDecoration() const = 0;
-    virtual const wchar_t* yes() const = 0;
-    virtual const wchar_t* no() const = 0;
-    virtual const wchar_t* center() const = 0;
-    virtual const wchar_t* left() const = 0;
-    virtual const wchar_t* right() const = 0;
-    virtual const wchar_t* full() const = 0;
-    virtual const wchar_t* ean1() const = 0;
-    virtual const wchar_t* ean2() const = 0;
-    virtual const wchar_t* ean3() const = 0;
-    virtual const wchar_t* bottom() const = 0;
-    virtual const wchar_t* top() const = 0;
-    virtual const wchar_t* rotate0() const = 0;
-    virtual const wchar_t* rotate90() const = 0;
-    virtual const wchar_t* rotate180() const = 0;
-    virtual const wchar_t* rotate270() const = 0;
-    virtual const wchar_t* ean8() const = 0;
-    virtual const wchar_t* ean13() const = 0;
-    virtual const wchar_t* ean128() const = 0;
-    virtual const wchar_t* code39() const = 0;
-    virtual const wchar_t* code128() const = 0;
-    virtual const wchar_t* code16k() const = 0;
-    virtual const wchar_t* pdf417() const = 0;
-    virtual const wchar_t* standard2of5() const = 0;
-    virtual const wchar_t* interleaved2of5() const = 0;
-    virtual const wchar_t* code39Ext() const = 0;
-    virtual const wchar_t* code93() const = 0;
-    virtual const wchar_t* itf14() const = 0;
-    virtual const wchar_t* rss14() const = 0;
-    virtual const wchar_t* codaBar() const = 0;
-    virtual const wchar_t* ean13AddOn2() const = 0;
-    virtual const wchar_t* ean13AddOn5() const = 0;
-    virtual const wchar_t* qr() const = 0;
-    virtual const wchar_t* internalError() const = 0;
-    virtual const wchar_t* outOfMemory() const = 0;
-    virtual const wchar_t* pointer() const = 0;
-    virtual const wchar_t* wrongValue() const = 0;
-    virtual const wchar_t* proppageParentTitle() const = 0;
-    virtual const wchar_t* barAlignNone() const = 0;
-    virtual const wchar_t* barAlignLeft() const = 0;
-    virtual const wchar_t* barAlignCenter() const = 0;
-    virtual const wchar_t* barAlignRight() const = 0;
-    virtual const wchar_t* proppageBarColor() const = 0;
-    virtual const wchar_t* proppageBgColor() const = 0;
-    virtual const wchar_t* proppageFont() const = 0;
-    virtual const wchar_t* proppageBgTransparent() const = 0;
-    virtual const wchar_t* proppageCanvasRotation() const = 0;
-    virtual const wchar_t* proppageCanvasMargin() const = 0;
-    virtual const wchar_t* proppageTextAlign() const = 0;
-    virtual const wchar_t* proppageCanvasXOffset() const = 0;
-    virtual const wchar_t* proppageTextPosition() const = 0;
-    virtual const wchar_t* proppageCanvasYOffset() const = 0;
-    virtual const wchar_t* proppageTextVisible() const = 0;
-    virtual const wchar_t* proppageAspectRatio() const = 0;
-    virtual const wchar_t* proppageCodeType() const = 0;
-    virtual const wchar_t* proppageCodeValue() const = 0;
-    virtual const wchar_t* proppageCodeAuto() const = 0;
-    virtual const wchar_t* proppageCodeCS() const = 0;
-    virtual const wchar_t* proppageCodeRawValue() const = 0;
-    virtual const wchar_t* proppageCodeText() const = 0;
-    virtual const wchar_t* proppageCodeShowCS() const = 0;
-    virtual const wchar_t* proppageCodeSentinel() const = 0;
-    virtual const wchar_t* proppageCodeMinHeight() const = 0;
-    virtual const wchar_t* proppageCodeMinWidth() const = 0;
-    virtual const wchar_t* proppageColumnCount() const = 0;
-    virtual const wchar_t* proppageRowCount() const = 0;
-    virtual const wchar_t* proppageECL() const = 0;
-    virtual const wchar_t* proppageBarAlign() const = 0;
-    virtual const wchar_t* eiOutOfMemory() const = 0;
-    virtual const wchar_t* eiUnexpected() const = 0;
-    virtual const wchar_t* eiCanvasRotationWrongValue() const = 0;
-    virtual const wchar_t* eiTextAlignWrongValue() const = 0;
-    virtual const wchar_t* eiTextPositionWrongValue() const = 0;
-    virtual const wchar_t* eiBarAlignWrongValue() const = 0;
-    virtual const wchar_t* eiFontWrongValue() const = 0;
-    virtual const wchar_t* eiTextColorWrongValue() const = 0;
-    virtual const wchar_t* eiTextVisibleWrongValue() const = 0;
-    virtual const wchar_t* eiBgColorWrongValue() const = 0;
-    virtual const wchar_t* eiBgTransparentWrongValue() const = 0;
-    virtual const wchar_t* eiBarColorWrongValue() const = 0;
-    virtual const wchar_t* eiCanvasXOffsetWrongValue() const = 0;
-    virtual const wchar_t* eiCanvasYOffsetWrongValue() const = 0;
-    virtual const wchar_t* eiCanvasMarginWrongValue() const = 0;
-    virtual const wchar_t* eiCodeType1WrongValue() const = 0;
-    virtual const wchar_t* eiCodeType2WrongValue() const = 0;
-    virtual const wchar_t* eiCodeAutoWrongValue() const = 0;
-    virtual const wchar_t* eiCodeIsRawWrongValue() const = 0;
-    virtual const wchar_t* eiCodeShowCSWrongValue() const = 0;
-    virtual const wchar_t* eiCodeSentinelWrongValue() const = 0;
-    virtual const wchar_t* eiColumnCountWrongValue() const = 0;
-    virtual const wchar_t* eiRowCountWrongValue() const = 0;
-    virtual const wchar_t* eiAspectRatioWrongValue() const = 0;
-    virtual const wchar_t* eiECLWrongValue() const = 0;
-    virtual const wchar_t* eiImagickMagickNoInit() const = 0;
     virtual ~AbstractTextLocalizerState() = default;
+
+    virtual const wchar_t* text(MessageSlot slot) const = 0;
+
+#define VELKO_MESSAGE_ACCESSOR(name, english, russian) \
+    const wchar_t* name() const {                      \
+        return text(MessageSlot::name);                \
+    }
+    VELKO_MESSAGE_TABLE(VELKO_MESSAGE_ACCESSOR)
+#undef VELKO_MESSAGE_ACCESSOR
 };

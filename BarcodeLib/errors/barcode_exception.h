@@ -32,50 +32,46 @@ protected:
 };
 
 // One class per message: its system code and its slot of the localizer.
-template <unsigned int Code, const wchar_t* (AbstractTextLocalizerState::*Slot)() const>
+template <unsigned int Code, MessageSlot Slot>
 class LocalizedException : public AbstractBarcodeException {
 public:
     LocalizedException() { LocalizedException::fillExceptionInfo(state); }
 
     void fillExceptionInfo(const AbstractTextLocalizerState* localizerState) override {
         code = Code;
-        description = localizerState ? (localizerState->*Slot)() : L"";
+        description = localizerState ? localizerState->text(Slot) : L"";
     }
 };
 
-using S = AbstractTextLocalizerState;
-using OutOfMemory = LocalizedException<kOutOfMemoryCode, &S::eiOutOfMemory>;
-using Unexpected = LocalizedException<kUnexpectedCode, &S::eiUnexpected>;
-using CanvasRotationWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiCanvasRotationWrongValue>;
-using TextAlignWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiTextAlignWrongValue>;
-using TextPositionWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiTextPositionWrongValue>;
-using BarAlignWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiBarAlignWrongValue>;
-using FontWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiFontWrongValue>;
-using TextColorWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiTextColorWrongValue>;
-using TextVisibleWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiTextVisibleWrongValue>;
-using BgColorWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiBgColorWrongValue>;
-using BgTransparentWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiBgTransparentWrongValue>;
-using BarColorWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiBarColorWrongValue>;
-using CanvasXOffsetWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiCanvasXOffsetWrongValue>;
-using CanvasYOffsetWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiCanvasYOffsetWrongValue>;
-using CanvasMarginWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiCanvasMarginWrongValue>;
-using CodeType1WrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeType1WrongValue>;
-using CodeType2WrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeType2WrongValue>;
-using CodeAutoWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeAutoWrongValue>;
-using CodeIsRawWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeIsRawWrongValue>;
-using CodeShowCSWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiCodeShowCSWrongValue>;
-using CodeSentinelWrongValue =
-    LocalizedException<kInvalidArgumentCode, &S::eiCodeSentinelWrongValue>;
-using ColumnCountWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiColumnCountWrongValue>;
-using RowCountWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiRowCountWrongValue>;
-using AspectRatioWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiAspectRatioWrongValue>;
-using ECLWrongValue = LocalizedException<kInvalidArgumentCode, &S::eiECLWrongValue>;
-using ImagickMagickNoInit = LocalizedException<kInvalidArgumentCode, &S::eiImagickMagickNoInit>;
+// The messages that reach the host with the invalid-argument code.
+template <MessageSlot Slot>
+using InvalidArgument = LocalizedException<kInvalidArgumentCode, Slot>;
+
+using OutOfMemory = LocalizedException<kOutOfMemoryCode, MessageSlot::eiOutOfMemory>;
+using Unexpected = LocalizedException<kUnexpectedCode, MessageSlot::eiUnexpected>;
+using CanvasRotationWrongValue = InvalidArgument<MessageSlot::eiCanvasRotationWrongValue>;
+using TextAlignWrongValue = InvalidArgument<MessageSlot::eiTextAlignWrongValue>;
+using TextPositionWrongValue = InvalidArgument<MessageSlot::eiTextPositionWrongValue>;
+using BarAlignWrongValue = InvalidArgument<MessageSlot::eiBarAlignWrongValue>;
+using FontWrongValue = InvalidArgument<MessageSlot::eiFontWrongValue>;
+using TextColorWrongValue = InvalidArgument<MessageSlot::eiTextColorWrongValue>;
+using TextVisibleWrongValue = InvalidArgument<MessageSlot::eiTextVisibleWrongValue>;
+using BgColorWrongValue = InvalidArgument<MessageSlot::eiBgColorWrongValue>;
+using BgTransparentWrongValue = InvalidArgument<MessageSlot::eiBgTransparentWrongValue>;
+using BarColorWrongValue = InvalidArgument<MessageSlot::eiBarColorWrongValue>;
+using CanvasXOffsetWrongValue = InvalidArgument<MessageSlot::eiCanvasXOffsetWrongValue>;
+using CanvasYOffsetWrongValue = InvalidArgument<MessageSlot::eiCanvasYOffsetWrongValue>;
+using CanvasMarginWrongValue = InvalidArgument<MessageSlot::eiCanvasMarginWrongValue>;
+using CodeType1WrongValue = InvalidArgument<MessageSlot::eiCodeType1WrongValue>;
+using CodeType2WrongValue = InvalidArgument<MessageSlot::eiCodeType2WrongValue>;
+using CodeAutoWrongValue = InvalidArgument<MessageSlot::eiCodeAutoWrongValue>;
+using CodeIsRawWrongValue = InvalidArgument<MessageSlot::eiCodeIsRawWrongValue>;
+using CodeShowCSWrongValue = InvalidArgument<MessageSlot::eiCodeShowCSWrongValue>;
+using CodeSentinelWrongValue = InvalidArgument<MessageSlot::eiCodeSentinelWrongValue>;
+using ColumnCountWrongValue = InvalidArgument<MessageSlot::eiColumnCountWrongValue>;
+using RowCountWrongValue = InvalidArgument<MessageSlot::eiRowCountWrongValue>;
+using AspectRatioWrongValue = InvalidArgument<MessageSlot::eiAspectRatioWrongValue>;
+using ECLWrongValue = InvalidArgument<MessageSlot::eiECLWrongValue>;
+using ImagickMagickNoInit = InvalidArgument<MessageSlot::eiImagickMagickNoInit>;
 
 }  // namespace BarcodeException

@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/errors/message_table.h"
 #include "BarcodeLib/errors/text_localizer.h"
 #include "BarcodeLib/errors/text_localizer_state_eng.h"
 #include "BarcodeLib/errors/text_localizer_state_rus.h"
@@ -142,4 +143,26 @@ TEST(TextLocalizerStates, TextsCarryTheirCodePoints) {
     const std::wstring russian = TextLocalizerStateRus().eiFontWrongValue();
     EXPECT_EQ(russian.substr(0, 4), L"\u041D\u0435\u043A\u043E");
     EXPECT_EQ(russian.substr(russian.size() - 8), L"\u00AB\u0428\u0440\u0438\u0444\u0442\u00BB.");
+}
+
+TEST(MessageTable, LookupBySlotGivesNameAndBothTexts) {
+    EXPECT_EQ(kMessageSlotCount, 95u);
+    const struct {
+        MessageSlot slot;
+        const char* name;
+        const wchar_t* english;
+        const wchar_t* russian;
+    } cases[] = {
+        {MessageSlot::catnameMain, "catnameMain", L"Main", L"Основные"},
+        {MessageSlot::code39Ext, "code39Ext", L"Extended Code39", L"Расширение Code39"},
+        {MessageSlot::eiImagickMagickNoInit, "eiImagickMagickNoInit",
+         L"Unable to initialize fonts. ", L"Невозможно инициализировать работу со шрифтами."},
+    };
+    for (const auto& c : cases) {
+        const MessageRow& row = message_row(c.slot);
+        EXPECT_EQ(row.slot, c.slot);
+        EXPECT_STREQ(row.name, c.name);
+        EXPECT_EQ(std::wstring(row.english), c.english);
+        EXPECT_EQ(std::wstring(row.russian), c.russian);
+    }
 }
