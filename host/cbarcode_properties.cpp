@@ -7,6 +7,7 @@
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
 #include "BarcodeLib/logo_step.h"
+#include "host/text_bounds.h"
 #include "host/text_forms.h"
 #include "layer/foundation/base64.h"
 #include "layer/foundation/p_byte_array.h"
@@ -139,7 +140,15 @@ constexpr PropertyDescriptor flag(long index, const wchar_t* english, const wcha
 }  // namespace
 
 constexpr PropertyDescriptor g_properties[kPropCount] = {
-    {0, {L"Font", L"Шрифт"}, K::String, true, true, false, fontName, writeFont},
+    {0,
+     {L"Font", L"Шрифт"},
+     K::String,
+     true,
+     true,
+     false,
+     fontName,
+     writeFont,
+     {kLongestShortText, LongText::AsEmpty}},
     integer<&F::getFontSize, &F::setFontSize>(1, L"FontSize", L"РазмерШрифта"),
     integer<&F::getTextColor, &F::setTextColor>(2, L"TextColor", L"ЦветТекста"),
     integer<&F::getTextAlign, &F::setTextAlign>(3, L"TextAlign", L"ОриентацияТекста"),
@@ -185,7 +194,8 @@ constexpr PropertyDescriptor g_properties[kPropCount] = {
      true,
      false,
      nullptr,
-     writeText<&F::setCodeValue>},
+     writeText<&F::setCodeValue>,
+     {kLongestCodeValue, LongText::Cut}},
     {19,
      {L"CodeCheckSymbol", L"КонтрольныйСимвол"},
      K::String,
@@ -202,7 +212,8 @@ constexpr PropertyDescriptor g_properties[kPropCount] = {
      false,
      false,
      readText<&F::getCodeText>,
-     writeText<&F::setCodeText>},
+     writeText<&F::setCodeText>,
+     {kLongestCodeText, LongText::Refused}},
     integer<&F::getCodeSentinel, &F::setCodeSentinel>(21, L"CodeSentinel", L"РазделителиКода"),
     {22,
      {L"CodeMinWidth", L"МинимальнаяШиринаКода"},
@@ -229,7 +240,8 @@ constexpr PropertyDescriptor g_properties[kPropCount] = {
      true,
      false,
      readText<&F::getAspectRatio>,
-     writeText<&F::setAspectRatio>},
+     writeText<&F::setAspectRatio>,
+     {kLongestShortText, LongText::AsEmpty}},
     integer<&F::getECL, &F::setECL>(27, L"ECL", L"ECL"),
     {28,
      {L"FileName", L"ИмяФайла"},
@@ -238,7 +250,8 @@ constexpr PropertyDescriptor g_properties[kPropCount] = {
      true,
      false,
      readText<&F::getFileName>,
-     writeText<&F::setFileName>},
+     writeText<&F::setFileName>,
+     {kLongestFileName, LongText::Refused}},
     {29,
      {L"FontCount", L"КоличествоШрифтов"},
      K::Integer,
@@ -295,7 +308,15 @@ constexpr PropertyDescriptor g_properties[kPropCount] = {
     {39, {L"Result", L"Результат"}, K::Integer, true, false, false, readResult, nullptr},
     flag<&F::getRemoveExeedBackgroudFlag, &F::setRemoveExeedBackgroudFlag>(
         40, L"RemoveExeedBackgroud", L"УбратьЛишнийФон"),
-    {41, {L"LogoImage", L"ЛоготипКартинка"}, K::Binary, false, true, false, nullptr, setLogo},
+    {41,
+     {L"LogoImage", L"ЛоготипКартинка"},
+     K::Binary,
+     false,
+     true,
+     false,
+     nullptr,
+     setLogo,
+     {kLongestLogoText, LongText::AsEmpty}},
     {42,
      {L"LogoSizePercentFromBarcode", L"ЛоготипРазмерПроцентОтШК"},
      K::Double,
@@ -304,6 +325,12 @@ constexpr PropertyDescriptor g_properties[kPropCount] = {
      false,
      readInteger<&F::getLogoSizePercent>,
      writeLogoPercent},
+};
+
+constexpr const wchar_t* g_aszMethodNames[kMethodCount][2] = {
+    {L"GetBarcode", L"ПолучитьШтрихкод"},
+    {L"FontAt", L"ШрифтПоИндексу"},
+    {L"FindFont", L"НайтиШрифт"},
 };
 
 namespace {
@@ -318,6 +345,31 @@ constexpr bool rowsInIndexOrder() {
 }
 static_assert(rowsInIndexOrder(), "a property's row stands at its index");
 
+constexpr bool withinLongestName(const wchar_t* name) {
+    std::size_t length = 0;
+    while (name[length] != 0) {
+        ++length;
+    }
+    return length <= kLongestName;
+}
+
+constexpr bool namesWithinBound() {
+    for (int alias = 0; alias < 2; ++alias) {
+        for (long i = 0; i < kPropCount; ++i) {
+            if (!withinLongestName(g_properties[i].names[alias])) {
+                return false;
+            }
+        }
+        for (long i = 0; i < kMethodCount; ++i) {
+            if (!withinLongestName(g_aszMethodNames[i][alias])) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+static_assert(namesWithinBound(), "a name the host looks up is measured only this far");
+
 template <class NameOf>
 long findName(long count, const std::wstring& name, NameOf nameOf) {
     for (int alias = 0; alias < 2; ++alias) {
@@ -331,12 +383,6 @@ long findName(long count, const std::wstring& name, NameOf nameOf) {
 }
 
 }  // namespace
-
-const wchar_t* const g_aszMethodNames[kMethodCount][2] = {
-    {L"GetBarcode", L"ПолучитьШтрихкод"},
-    {L"FontAt", L"ШрифтПоИндексу"},
-    {L"FindFont", L"НайтиШрифт"},
-};
 
 long findPropertyName(const std::wstring& name) {
     return findName(kPropCount, name,
