@@ -38,10 +38,10 @@ std::wstring shortenedValue(const std::wstring& value) {
     return shortened + value.substr(value.size() - end);
 }
 
-// The symbologies read a code up to its first NUL. Only Base64 brings a value that is empty
-// or holds a NUL once decoded; no type takes it, rather than a part of it.
+// The symbologies read a code up to its first NUL, which only a Base64 value can hold once
+// decoded: no type takes such a value, rather than the part before the NUL.
 bool encodable(const std::wstring& code) {
-    return !code.empty() && code.find(L'\0') == std::wstring::npos;
+    return code.find(L'\0') == std::wstring::npos;
 }
 
 }  // namespace
