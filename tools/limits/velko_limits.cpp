@@ -160,7 +160,7 @@ bool hostText(const ExtensionLibrary& library, const std::string& name, double m
     resetPeak();
     const bool answered = handOver(library, session, name, text);
     const double added = procMegabytes("VmHWM:") - resident;
-    // The host's own text, 2 bytes a character, goes before what is kept is counted.
+    // The host lets its own text go, 2 bytes a character, before what stays is counted.
     text = std::vector<unsigned short>();
     malloc_trim(0);
     const double kept = procMegabytes("VmRSS:") - resident + mebi * 2;
