@@ -2,8 +2,10 @@
 
 #include <string>
 
+#include "host/velko_interfaces.h"
+
 // A device the extension drives on the platform's side. Every operation answers 0 for success.
-class BarcodeLibPerformerBase {
+class VELKO_EXPORT BarcodeLibPerformerBase {
 public:
     virtual ~BarcodeLibPerformerBase() = default;
     virtual long OpenDevice() = 0;

@@ -23,9 +23,15 @@ namespace {
 const wchar_t kLoaderClass[] = L"com.evelko.BarcodeLibNativePackage.LibLoader";
 const char kLoaderConstructor[] = "(Landroid/app/Activity;J)V";
 
-std::mutex& performerSlotMutex() {
-    static std::mutex mutex;
-    return mutex;
+// g_androidAppPerformer, and whether a performer ever took it.
+struct PerformerSlot {
+    std::mutex mutex;
+    bool taken = false;
+};
+
+PerformerSlot& performerSlot() {
+    static PerformerSlot slot;
+    return slot;
 }
 
 // A Java exception must not stay pending: the next JNI call on this thread would be undefined.
@@ -51,28 +57,15 @@ jclass findLoaderClass(IVelkoAndroidHelper& helper) {
     return helper.findClass(name.get());
 }
 
-}  // namespace
-
-BarcodeLibPerformerAndroid::BarcodeLibPerformerAndroid(IVelkoHostEx* host)
-    : d(std::make_shared<BarcodeLibPerformerAndroidPrivate>()) {
-    if (!host) {
-        return;
-    }
-    d->host = host;
-    startJavaSide(*host);
-    const std::lock_guard<std::mutex> lock(performerSlotMutex());
-    if (!g_androidAppPerformer) {
-        g_androidAppPerformer = this;
-    }
-}
-
-void BarcodeLibPerformerAndroid::startJavaSide(IVelkoHostEx& host) {
+// Makes the loader with the activity and the performer's address, and loads it.
+void startJavaSide(BarcodeLibPerformerAndroidPrivate& d, IVelkoHostEx& host,
+                   const BarcodeLibPerformerAndroid* performer) {
     host.configure(VelkoConfigureAndroidServices);
-    d->helper = static_cast<IVelkoAndroidHelper*>(host.queryInterface(VelkoInterfaceAndroidHelper));
-    if (!d->helper) {
+    d.helper = static_cast<IVelkoAndroidHelper*>(host.queryInterface(VelkoInterfaceAndroidHelper));
+    if (!d.helper) {
         return;
     }
-    jclass localClass = findLoaderClass(*d->helper);
+    jclass localClass = findLoaderClass(*d.helper);
     if (!localClass) {
         return;
     }
@@ -80,9 +73,9 @@ void BarcodeLibPerformerAndroid::startJavaSide(IVelkoHostEx& host) {
     if (!env) {
         return;
     }
-    d->loaderClass = static_cast<jclass>(env->NewGlobalRef(localClass));
+    d.loaderClass = static_cast<jclass>(env->NewGlobalRef(localClass));
     env->DeleteLocalRef(localClass);
-    if (!d->loaderClass) {
+    if (!d.loaderClass) {
         return;
     }
 
@@ -94,12 +87,12 @@ void BarcodeLibPerformerAndroid::startJavaSide(IVelkoHostEx& host) {
     }
     const LocalFrame frame{env};
 
-    jobject activity = d->helper->getActivity();
+    jobject activity = d.helper->getActivity();
     jobject object = nullptr;
-    if (jmethodID constructor = env->GetMethodID(d->loaderClass, "<init>", kLoaderConstructor)) {
-        // The Java side keeps this object's address; sign-extended as a 32-bit target needs.
-        const jlong self = static_cast<jlong>(reinterpret_cast<std::intptr_t>(this));
-        object = env->NewObject(d->loaderClass, constructor, activity, self);
+    if (jmethodID constructor = env->GetMethodID(d.loaderClass, "<init>", kLoaderConstructor)) {
+        // Sign-extended, as a 32-bit target needs.
+        const jlong self = static_cast<jlong>(reinterpret_cast<std::intptr_t>(performer));
+        object = env->NewObject(d.loaderClass, constructor, activity, self);
     }
     clearJavaException(env);
     if (activity) {
@@ -108,18 +101,35 @@ void BarcodeLibPerformerAndroid::startJavaSide(IVelkoHostEx& host) {
     if (!object) {
         return;
     }
-    d->loaderObject = env->NewGlobalRef(object);
+    d.loaderObject = env->NewGlobalRef(object);
     env->DeleteLocalRef(object);
 
-    if (jmethodID load = env->GetMethodID(d->loaderClass, "load", "()V")) {
-        env->CallVoidMethod(d->loaderObject, load);
+    if (jmethodID load = env->GetMethodID(d.loaderClass, "load", "()V")) {
+        env->CallVoidMethod(d.loaderObject, load);
     }
     clearJavaException(env);
 }
 
+}  // namespace
+
+BarcodeLibPerformerAndroid::BarcodeLibPerformerAndroid(IVelkoHostEx* host)
+    : d(std::make_shared<BarcodeLibPerformerAndroidPrivate>()) {
+    if (!host) {
+        return;
+    }
+    d->host = host;
+    startJavaSide(*d, *host, this);
+    PerformerSlot& slot = performerSlot();
+    const std::lock_guard<std::mutex> lock(slot.mutex);
+    if (!slot.taken) {
+        slot.taken = true;
+        g_androidAppPerformer = this;
+    }
+}
+
 BarcodeLibPerformerAndroid::~BarcodeLibPerformerAndroid() {
     {
-        const std::lock_guard<std::mutex> lock(performerSlotMutex());
+        const std::lock_guard<std::mutex> lock(performerSlot().mutex);
         if (g_androidAppPerformer == this) {
             g_androidAppPerformer = nullptr;
         }

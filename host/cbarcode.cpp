@@ -12,6 +12,7 @@
 #include "BarcodeLib/facade/barcode_facade2.h"
 #include "BarcodeLib/png/dm2png32.h"
 #include "host/cbarcode_properties.h"
+#include "host/text_bounds.h"
 #include "host/text_forms.h"
 #include "host/wchar_wrapper.h"
 #include "layer/fonts/p_font_glyphs_cache.h"
@@ -68,17 +69,15 @@ private:
     std::string restore;
 };
 
-// CodeValue is the one text that the host can't read back. One longer than this, far more than
-// any value could need even as Base64 broken into lines, is cut here rather than copied whole:
-// the facade refuses it all the same (BarcodeFacade2::kMaxValueLength).
-constexpr std::size_t kLongestValueText = std::size_t(1) << 20;
-
-std::wstring valueText(const unsigned short* chars) {
-    std::size_t length = 0;
-    while (chars && length <= kLongestValueText && chars[length] != 0) {
-        ++length;
+// The host's text up to its terminator, unless it is longer than longest: then false, and it
+// is neither walked nor copied further.
+bool boundedText(const unsigned short* chars, std::size_t longest, std::wstring& text) {
+    const std::size_t length = boundedLenShortWcharStr(chars, longest);
+    if (length > longest) {
+        return false;
     }
-    return chars ? std::wstring(chars, chars + length) : std::wstring();
+    text = chars ? std::wstring(chars, chars + length) : std::wstring();
+    return true;
 }
 
 }  // namespace
@@ -144,7 +143,8 @@ long CBarcode::GetNProps() {
 }
 
 long CBarcode::FindProp(const unsigned short* name) {
-    return findPropertyName(convFromShortWchar(name));
+    std::wstring text;
+    return boundedText(name, kLongestName, text) ? findPropertyName(text) : -1;
 }
 
 const unsigned short* CBarcode::GetPropName(long index, long alias) {
@@ -166,7 +166,8 @@ long CBarcode::GetNMethods() {
 }
 
 long CBarcode::FindMethod(const unsigned short* name) {
-    return findMethodName(convFromShortWchar(name));
+    std::wstring text;
+    return boundedText(name, kLongestName, text) ? findMethodName(text) : -1;
 }
 
 const unsigned short* CBarcode::GetMethodName(long index, long alias) {
@@ -209,7 +210,8 @@ bool CBarcode::GetPropVal(long index, VelkoVariant* value) {
         return false;
     }
     value->type = VariantEmpty;
-    if (!inRange(index, kPropCount) || !g_properties[index].get) {
+    // Before Init, after Done or after a failed Init there is nothing to read.
+    if (!facade || !inRange(index, kPropCount) || !g_properties[index].get) {
         return false;
     }
     const PropertyDescriptor& property = g_properties[index];
@@ -230,7 +232,7 @@ bool CBarcode::GetPropVal(long index, VelkoVariant* value) {
 }
 
 bool CBarcode::SetPropVal(long index, VelkoVariant* value) {
-    if (!value || !inRange(index, kPropCount) || !g_properties[index].set) {
+    if (!facade || !value || !inRange(index, kPropCount) || !g_properties[index].set) {
         return false;
     }
     const PropertyDescriptor& property = g_properties[index];
@@ -270,20 +272,31 @@ bool CBarcode::readVariant(const PropertyDescriptor& property, const VelkoVarian
             written = number;
             return true;
         }
-        case PropertyKind::String:
+        case PropertyKind::String: {
             if (value.type != VariantWStr) {
                 return false;
             }
-            written = std::wcscmp(property.names[0], L"CodeValue") == 0
-                          ? valueText(value.str.chars)
-                          : convFromShortWchar(value.str.chars);
-            return true;
+            const TextBound bound = property.bound;
+            std::wstring text;
+            if (boundedText(value.str.chars, bound.longest, text)) {
+                written = std::move(text);
+                return true;
+            }
+            if (bound.beyond == LongText::Cut) {
+                written = std::wstring(value.str.chars, value.str.chars + bound.longest);
+                return true;
+            }
+            written = std::wstring();
+            return bound.beyond == LongText::AsEmpty;
+        }
         case PropertyKind::Binary:
             if (value.type != VariantWStr) {
                 return false;
             }
-            written = value.str.length ? convFromShortWchar(value.str.chars, value.str.length)
-                                       : std::wstring();
+            // Exactly as many units as the length says; too many are as good as none.
+            written = value.str.length && value.str.length <= property.bound.longest
+                          ? convFromShortWchar(value.str.chars, value.str.length)
+                          : std::wstring();
             return true;
     }
     return false;
@@ -320,6 +333,9 @@ bool CBarcode::CallAsFunc(long method, VelkoVariant* returned, VelkoVariant* par
     }
     std::memset(static_cast<void*>(returned), 0, sizeof(VelkoVariant));
     returned->type = VariantEmpty;
+    if (!facade) {
+        return false;
+    }
     return reportingErrors([&] {
         switch (method) {
             case kGetBarcode:
@@ -327,13 +343,7 @@ bool CBarcode::CallAsFunc(long method, VelkoVariant* returned, VelkoVariant* par
             case kFontAt:
                 return count == 1 && parameters && fontAt(returned, *parameters);
             case kFindFont:
-                // A name must come as text: any other kind of parameter is no name.
-                if (count != 1 || !parameters || parameters->type != VariantWStr ||
-                    !parameters->str.chars) {
-                    return false;
-                }
-                putFlag(returned, facade->findFont(convFromShortWchar(parameters->str.chars)));
-                return true;
+                return count == 1 && parameters && findFont(returned, *parameters);
             default:
                 return false;
         }
@@ -369,8 +379,19 @@ bool CBarcode::getBarcode(VelkoVariant* value) {
     return true;
 }
 
+// A name must come as text, no longer than a name can be: any other parameter is no name.
+bool CBarcode::findFont(VelkoVariant* value, const VelkoVariant& parameter) {
+    std::wstring name;
+    if (parameter.type != VariantWStr || !parameter.str.chars ||
+        !boundedText(parameter.str.chars, kLongestShortText, name)) {
+        return false;
+    }
+    putFlag(value, facade->findFont(name));
+    return true;
+}
+
 bool CBarcode::fontAt(VelkoVariant* value, const VelkoVariant& parameter) {
-    if (!facade || !memory) {
+    if (!memory) {
         return false;
     }
     // The index is read whatever the tag says, as the platform passes it.
@@ -390,8 +411,13 @@ bool CBarcode::fontAt(VelkoVariant* value, const VelkoVariant& parameter) {
     return true;
 }
 
+// A name too long for any locale changes nothing, as SetLocale has no answer to give.
 void CBarcode::SetLocale(const unsigned short* name) {
-    locale = wstr2str(convFromShortWchar(name)) + ".UTF-8";
+    std::wstring text;
+    if (!boundedText(name, kLongestShortText, text)) {
+        return;
+    }
+    locale = wstr2str(text) + ".UTF-8";
     set_process_locale(locale);
 }
 

@@ -60,6 +60,7 @@ private:
     bool putString(VelkoVariant* value, const std::wstring& text);
     bool getBarcode(VelkoVariant* result);
     bool fontAt(VelkoVariant* result, const VelkoVariant& parameter);
+    bool findFont(VelkoVariant* result, const VelkoVariant& parameter);
 
     IVelkoHost* connection = nullptr;
     IVelkoMemory* memory = nullptr;

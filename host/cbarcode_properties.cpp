@@ -7,6 +7,7 @@
 #include "BarcodeLib/errors/barcode_exception.h"
 #include "BarcodeLib/facade/barcode_facade2.h"
 #include "BarcodeLib/png/logo_step.h"
+#include "host/text_bounds.h"
 #include "host/text_forms.h"
 #include "layer/foundation/base64.h"
 #include "layer/foundation/p_byte_array.h"
@@ -122,24 +123,59 @@ void writeLogoPercent(BarcodeFacade2& facade, const Value& value) {
 }
 
 using F = BarcodeFacade2;
+using B = TextBound;
+using L = LongText;
 
-// The common rows: read and write an unsigned integer or a flag of the facade.
+// Row makers, one for each sort of row, so that a row names what sets it apart.
+enum Access { ReadWrite, ReadOnly, WriteOnly, ReadOnlyButWritten };
+enum Negative { NegativeAsZero, NegativeRefused };
+
+constexpr PropertyDescriptor row(long index, const wchar_t* english, const wchar_t* russian, K kind,
+                                 Access access, Value (*get)(const Source&),
+                                 void (*set)(F&, const Value&), B bound = {0, L::Refused},
+                                 Negative negative = NegativeAsZero) {
+    return {index,
+            {english, russian},
+            kind,
+            access != WriteOnly,
+            access == ReadWrite || access == WriteOnly,
+            negative == NegativeRefused,
+            get,
+            set,
+            bound};
+}
+
+// An unsigned integer or a flag of the facade, read and written.
 template <auto Get, auto Set>
 constexpr PropertyDescriptor integer(long index, const wchar_t* english, const wchar_t* russian) {
-    return {index, {english, russian}, K::Integer,        true, true,
-            false, readInteger<Get>,   writeUnsigned<Set>};
+    return row(index, english, russian, K::Integer, ReadWrite, readInteger<Get>,
+               writeUnsigned<Set>);
 }
 
 template <auto Get, auto Set>
 constexpr PropertyDescriptor flag(long index, const wchar_t* english, const wchar_t* russian) {
-    return {index, {english, russian}, K::Boolean,    true, true,
-            false, readFlag<Get>,      writeFlag<Set>};
+    return row(index, english, russian, K::Boolean, ReadWrite, readFlag<Get>, writeFlag<Set>);
 }
+
+// A signed integer whose negative values the host can't write.
+template <auto Get, auto Set>
+constexpr PropertyDescriptor offset(long index, const wchar_t* english, const wchar_t* russian) {
+    return row(index, english, russian, K::Integer, ReadWrite, readInteger<Get>, writeSigned<Set>,
+               {0, L::Refused}, NegativeRefused);
+}
+
+template <auto Get>
+constexpr PropertyDescriptor readOnly(long index, const wchar_t* english, const wchar_t* russian) {
+    return row(index, english, russian, K::Integer, ReadOnly, readInteger<Get>, nullptr);
+}
+
+constexpr B kShortText{kLongestShortText, L::AsEmpty};
 
 }  // namespace
 
+// clang-format off
 constexpr PropertyDescriptor g_properties[kPropCount] = {
-    {0, {L"Font", L"Шрифт"}, K::String, true, true, false, fontName, writeFont},
+    row(0, L"Font", L"Шрифт", K::String, ReadWrite, fontName, writeFont, kShortText),
     integer<&F::getFontSize, &F::setFontSize>(1, L"FontSize", L"РазмерШрифта"),
     integer<&F::getTextColor, &F::setTextColor>(2, L"TextColor", L"ЦветТекста"),
     integer<&F::getTextAlign, &F::setTextAlign>(3, L"TextAlign", L"ОриентацияТекста"),
@@ -149,161 +185,46 @@ constexpr PropertyDescriptor g_properties[kPropCount] = {
     flag<&F::getBgTransparent, &F::setBgTransparent>(7, L"BgTransparent", L"ПрозрачныйФон"),
     integer<&F::getBarColor, &F::setBarColor>(8, L"BarColor", L"ЦветПолос"),
     integer<&F::getCanvasRotation, &F::setCanvasRotation>(9, L"CanvasRotation", L"УголПоворота"),
-    {10,
-     {L"CanvasXOffset", L"ГорСмещение"},
-     K::Integer,
-     true,
-     true,
-     true,
-     readInteger<&F::getCanvasXOffset>,
-     writeSigned<&F::setCanvasXOffset>},
-    {11,
-     {L"CanvasYOffset", L"ВертСмещение"},
-     K::Integer,
-     true,
-     true,
-     true,
-     readInteger<&F::getCanvasYOffset>,
-     writeSigned<&F::setCanvasYOffset>},
-    {12,
-     {L"CanvasMargin", L"РазмерКрая"},
-     K::Integer,
-     true,
-     true,
-     true,
-     readInteger<&F::getCanvasMargin>,
-     writeSigned<&F::setCanvasMargin>},
+    offset<&F::getCanvasXOffset, &F::setCanvasXOffset>(10, L"CanvasXOffset", L"ГорСмещение"),
+    offset<&F::getCanvasYOffset, &F::setCanvasYOffset>(11, L"CanvasYOffset", L"ВертСмещение"),
+    offset<&F::getCanvasMargin, &F::setCanvasMargin>(12, L"CanvasMargin", L"РазмерКрая"),
     integer<&F::getBarAlign, &F::setBarAlign>(13, L"BarAlign", L"ВыравниваниеКода"),
     integer<&F::getCodeType, &F::setCodeType>(14, L"CodeType", L"ТипКода"),
     flag<&F::getCodeAuto, &F::setCodeAuto>(15, L"CodeAuto", L"АвтоТип"),
     flag<&F::getCodeIsRaw, &F::setCodeIsRaw>(16, L"CodeIsRaw", L"СодержитКС"),
     flag<&F::getCodeShowCS, &F::setCodeShowCS>(17, L"CodeShowCS", L"ВидимостьКС"),
-    {18,
-     {L"CodeValue", L"ЗначениеКода"},
-     K::String,
-     false,
-     true,
-     false,
-     nullptr,
-     writeText<&F::setCodeValue>},
-    {19,
-     {L"CodeCheckSymbol", L"КонтрольныйСимвол"},
-     K::String,
-     true,
-     false,
-     false,
-     readText<&F::getCodeCheckSymbol>,
-     nullptr},
-    // Reported read-only, yet a write still reaches the facade.
-    {20,
-     {L"CodeText", L"ТекстКода"},
-     K::String,
-     true,
-     false,
-     false,
-     readText<&F::getCodeText>,
-     writeText<&F::setCodeText>},
+    row(18, L"CodeValue", L"ЗначениеКода", K::String, WriteOnly, nullptr, writeText<&F::setCodeValue>, {kLongestCodeValue, L::Cut}),
+    row(19, L"CodeCheckSymbol", L"КонтрольныйСимвол", K::String, ReadOnly, readText<&F::getCodeCheckSymbol>, nullptr),
+    row(20, L"CodeText", L"ТекстКода", K::String, ReadOnlyButWritten, readText<&F::getCodeText>, writeText<&F::setCodeText>, {kLongestCodeText, L::Refused}),
     integer<&F::getCodeSentinel, &F::setCodeSentinel>(21, L"CodeSentinel", L"РазделителиКода"),
-    {22,
-     {L"CodeMinWidth", L"МинимальнаяШиринаКода"},
-     K::Integer,
-     true,
-     false,
-     false,
-     readInteger<&F::getCodeMinWidth>,
-     nullptr},
-    {23,
-     {L"CodeMinHeight", L"МинимальнаяВысотаКода"},
-     K::Integer,
-     true,
-     false,
-     false,
-     readInteger<&F::getCodeMinHeight>,
-     nullptr},
+    readOnly<&F::getCodeMinWidth>(22, L"CodeMinWidth", L"МинимальнаяШиринаКода"),
+    readOnly<&F::getCodeMinHeight>(23, L"CodeMinHeight", L"МинимальнаяВысотаКода"),
     integer<&F::getColumnCount, &F::setColumnCount>(24, L"Width", L"Ширина"),
     integer<&F::getRowCount, &F::setRowCount>(25, L"Height", L"Высота"),
-    {26,
-     {L"AspectRatio", L"Пропорции"},
-     K::String,
-     true,
-     true,
-     false,
-     readText<&F::getAspectRatio>,
-     writeText<&F::setAspectRatio>},
+    row(26, L"AspectRatio", L"Пропорции", K::String, ReadWrite, readText<&F::getAspectRatio>, writeText<&F::setAspectRatio>, kShortText),
     integer<&F::getECL, &F::setECL>(27, L"ECL", L"ECL"),
-    {28,
-     {L"FileName", L"ИмяФайла"},
-     K::String,
-     true,
-     true,
-     false,
-     readText<&F::getFileName>,
-     writeText<&F::setFileName>},
-    {29,
-     {L"FontCount", L"КоличествоШрифтов"},
-     K::Integer,
-     true,
-     false,
-     false,
-     readInteger<&F::getFontCount>,
-     nullptr},
-    {30,
-     {L"GraphicsPresent", L"ГрафикаУстановлена"},
-     K::Boolean,
-     true,
-     false,
-     false,
-     readFlag<&F::isGraphicsPresent>,
-     nullptr},
+    row(28, L"FileName", L"ИмяФайла", K::String, ReadWrite, readText<&F::getFileName>, writeText<&F::setFileName>, {kLongestFileName, L::Refused}),
+    readOnly<&F::getFontCount>(29, L"FontCount", L"КоличествоШрифтов"),
+    row(30, L"GraphicsPresent", L"ГрафикаУстановлена", K::Boolean, ReadOnly, readFlag<&F::isGraphicsPresent>, nullptr),
     integer<&F::getRow2DCount, &F::setRow2DCount>(31, L"RowCount", L"КоличествоСтрок"),
     integer<&F::getColumn2DCount, &F::setColumn2DCount>(32, L"ColumnCount", L"КоличествоСтолбцов"),
-    {33, {L"Version", L"Версия"}, K::String, true, false, false, readVersion, nullptr},
-    {34,
-     {L"MaxFontSizeForHinting", L"МаксимальныйРазмерШрифтаДляПринтеровНизкогоРазрешения"},
-     K::Integer,
-     true,
-     true,
-     false,
-     readInteger<&F::getMaxFontSizeForHinting>,
-     writeSigned<&F::setMaxFontSizeForHinting>},
-    {35,
-     {L"QRErrorCorrectionLevel", L"УровеньКоррекцииQR"},
-     K::Integer,
-     true,
-     true,
-     false,
-     readInteger<&F::getQRErrorCorrectionLevel>,
-     writeByte<&F::setQRErrorCorrectionLevel>},
-    {36,
-     {L"GS1DatabarRowCount", L"GS1DatabarКоличествоСтрок"},
-     K::Integer,
-     true,
-     true,
-     false,
-     readInteger<&F::getGS1DatabarRowCount>,
-     writeByte<&F::setGS1DatabarRowCount>},
-    integer<&F::getBarVerticalAlign, &F::setBarVerticalAlign>(37, L"BarVerticalAlign",
-                                                              L"ВертикальноеВыравниваниеКода"),
-    {38,
-     {L"InputDataType", L"ТипВходныхДанных"},
-     K::Integer,
-     true,
-     true,
-     false,
-     readInteger<&F::getDataType>,
-     writeSigned<&F::setDataType>},
-    {39, {L"Result", L"Результат"}, K::Integer, true, false, false, readResult, nullptr},
-    flag<&F::getRemoveExeedBackgroudFlag, &F::setRemoveExeedBackgroudFlag>(
-        40, L"RemoveExeedBackgroud", L"УбратьЛишнийФон"),
-    {41, {L"LogoImage", L"ЛоготипКартинка"}, K::Binary, false, true, false, nullptr, setLogo},
-    {42,
-     {L"LogoSizePercentFromBarcode", L"ЛоготипРазмерПроцентОтШК"},
-     K::Double,
-     true,
-     true,
-     false,
-     readInteger<&F::getLogoSizePercent>,
-     writeLogoPercent},
+    row(33, L"Version", L"Версия", K::String, ReadOnly, readVersion, nullptr),
+    row(34, L"MaxFontSizeForHinting", L"МаксимальныйРазмерШрифтаДляПринтеровНизкогоРазрешения", K::Integer, ReadWrite, readInteger<&F::getMaxFontSizeForHinting>, writeSigned<&F::setMaxFontSizeForHinting>),
+    row(35, L"QRErrorCorrectionLevel", L"УровеньКоррекцииQR", K::Integer, ReadWrite, readInteger<&F::getQRErrorCorrectionLevel>, writeByte<&F::setQRErrorCorrectionLevel>),
+    row(36, L"GS1DatabarRowCount", L"GS1DatabarКоличествоСтрок", K::Integer, ReadWrite, readInteger<&F::getGS1DatabarRowCount>, writeByte<&F::setGS1DatabarRowCount>),
+    integer<&F::getBarVerticalAlign, &F::setBarVerticalAlign>(37, L"BarVerticalAlign", L"ВертикальноеВыравниваниеКода"),
+    row(38, L"InputDataType", L"ТипВходныхДанных", K::Integer, ReadWrite, readInteger<&F::getDataType>, writeSigned<&F::setDataType>),
+    row(39, L"Result", L"Результат", K::Integer, ReadOnly, readResult, nullptr),
+    flag<&F::getRemoveExeedBackgroudFlag, &F::setRemoveExeedBackgroudFlag>(40, L"RemoveExeedBackgroud", L"УбратьЛишнийФон"),
+    row(41, L"LogoImage", L"ЛоготипКартинка", K::Binary, WriteOnly, nullptr, setLogo, {kLongestLogoText, L::AsEmpty}),
+    row(42, L"LogoSizePercentFromBarcode", L"ЛоготипРазмерПроцентОтШК", K::Double, ReadWrite, readInteger<&F::getLogoSizePercent>, writeLogoPercent),
+};
+// clang-format on
+
+constexpr const wchar_t* g_aszMethodNames[kMethodCount][2] = {
+    {L"GetBarcode", L"ПолучитьШтрихкод"},
+    {L"FontAt", L"ШрифтПоИндексу"},
+    {L"FindFont", L"НайтиШрифт"},
 };
 
 namespace {
@@ -318,6 +239,31 @@ constexpr bool rowsInIndexOrder() {
 }
 static_assert(rowsInIndexOrder(), "a property's row stands at its index");
 
+constexpr bool withinLongestName(const wchar_t* name) {
+    std::size_t length = 0;
+    while (name[length] != 0) {
+        ++length;
+    }
+    return length <= kLongestName;
+}
+
+constexpr bool namesWithinBound() {
+    for (int alias = 0; alias < 2; ++alias) {
+        for (long i = 0; i < kPropCount; ++i) {
+            if (!withinLongestName(g_properties[i].names[alias])) {
+                return false;
+            }
+        }
+        for (long i = 0; i < kMethodCount; ++i) {
+            if (!withinLongestName(g_aszMethodNames[i][alias])) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+static_assert(namesWithinBound(), "a name the host looks up is measured only this far");
+
 template <class NameOf>
 long findName(long count, const std::wstring& name, NameOf nameOf) {
     for (int alias = 0; alias < 2; ++alias) {
@@ -331,12 +277,6 @@ long findName(long count, const std::wstring& name, NameOf nameOf) {
 }
 
 }  // namespace
-
-const wchar_t* const g_aszMethodNames[kMethodCount][2] = {
-    {L"GetBarcode", L"ПолучитьШтрихкод"},
-    {L"FontAt", L"ШрифтПоИндексу"},
-    {L"FindFont", L"НайтиШрифт"},
-};
 
 long findPropertyName(const std::wstring& name) {
     return findName(kPropCount, name,

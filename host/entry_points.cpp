@@ -1,5 +1,7 @@
+#include <cstddef>
 #include <cwchar>
 #include <exception>
+#include <string>
 #include <vector>
 
 #include "host/cbarcode.h"
@@ -30,7 +32,12 @@ long GetClassObject(const unsigned short* name, IVelkoExtension** object) {
     if (*object) {
         return reinterpret_cast<long>(*object);
     }
-    if (!name || convFromShortWchar(name) != kClassName) {
+    if (!name) {
+        return 0;
+    }
+    // Measured no further than the one name that makes an object.
+    const std::size_t length = boundedLenShortWcharStr(name, std::wcslen(kClassName));
+    if (std::wstring(name, name + length) != kClassName) {
         return 0;
     }
     try {

@@ -37,6 +37,14 @@ unsigned int getLenShortWcharStr(const unsigned short* source) {
     return length;
 }
 
+std::size_t boundedLenShortWcharStr(const unsigned short* source, std::size_t limit) {
+    std::size_t length = 0;
+    while (source && length <= limit && source[length] != 0) {
+        ++length;
+    }
+    return length;
+}
+
 unsigned int convToShortWchar(unsigned short** dest, const wchar_t* source, unsigned int len) {
     if (len == 0) {
         len = (source ? static_cast<unsigned int>(std::wcslen(source)) : 0) + 1;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "host/velko_interfaces.h"
@@ -10,6 +11,9 @@
 // number: characters above U+FFFF keep only their low 16 bits on the way to the host.
 
 unsigned int getLenShortWcharStr(const unsigned short* source);
+// The same, counting no further than limit + 1: a text longer than limit is told apart without
+// a walk over all of it.
+std::size_t boundedLenShortWcharStr(const unsigned short* source, std::size_t limit);
 
 // A len of 0 means the whole source with its terminator. A null *dest gets a buffer from
 // new[] that the caller frees; otherwise *dest must hold len units. Gives the units written.

@@ -39,6 +39,12 @@ std::wstring shortenedValue(const std::wstring& value) {
     return shortened + value.substr(value.size() - end);
 }
 
+// The symbologies read a code up to its first NUL, which only a Base64 value can hold once
+// decoded: no type takes such a value, rather than the part before the NUL.
+bool encodable(const std::wstring& code) {
+    return code.find(L'\0') == std::wstring::npos;
+}
+
 }  // namespace
 
 BarcodeFacade2::BarcodeFacade2() = default;
@@ -191,6 +197,9 @@ int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int valueDataT
     }
     // kCodeTypeCount is no GS1 type, so the trials see the value without "{FMC1}".
     const std::wstring prepared = prepareCodeValue(value, valueDataType, kCodeTypeCount);
+    if (!encodable(prepared)) {
+        return static_cast<int>(kSearchFallback);
+    }
     std::wstring text;
     std::wstring checkSymbol;
     for (int type = 0; type < static_cast<int>(kCodeTypeCount); ++type) {
@@ -251,10 +260,12 @@ bool BarcodeFacade2::generateCode() {
             }
             value = prepareCodeValue(codeValue, dataType, type);
             bool built = false;
-            if (!codeIsRaw) {
-                built = tryStrategy(type, value.c_str(), text, checkSymbol, &element);
-            } else if (codeValue.size() >= 2) {
-                built = tryStrategyRaw(type, value.c_str(), text, checkSymbol, &element);
+            if (encodable(value)) {
+                if (!codeIsRaw) {
+                    built = tryStrategy(type, value.c_str(), text, checkSymbol, &element);
+                } else if (codeValue.size() >= 2) {
+                    built = tryStrategyRaw(type, value.c_str(), text, checkSymbol, &element);
+                }
             }
             if (built) {
                 root = element;

@@ -129,6 +129,33 @@ TEST(Facade, PrepareCodeValue) {
     }
 }
 
+// The symbologies read a code up to its first NUL: a Base64 value that decodes to one is taken
+// by no type, by a search neither, and throws nothing.
+TEST(Facade, Base64ValueHoldingNulIsTakenByNoType) {
+    const wchar_t* const values[] = {L"QQBC", L"AEFC", L"AA=="};  // A\0B, \0AB, \0
+    for (const int type : {-1, 2, 4, 5, 6, 16, 18, 19, 20, 21}) {
+        for (const wchar_t* value : values) {
+            BarcodeFacade2 facade;
+            if (type >= 0) {
+                facade.setCodeAuto(false);
+                facade.setCodeType(static_cast<unsigned>(type));
+            }
+            facade.setDataType(1);
+            EXPECT_NO_THROW(facade.setCodeValue(value)) << type << " " << value;
+            EXPECT_EQ(facade.draw().width(), 200u) << type << " " << value;
+            EXPECT_NE(facade.getLastError().code(), 0) << type << " " << value;
+        }
+    }
+    BarcodeFacade2 facade;
+    facade.setCodeAuto(false);
+    facade.setCodeType(4);
+    facade.setDataType(1);
+    facade.setCodeValue(L"QUJD");
+    EXPECT_STREQ(facade.getCodeText(), L"ABC");
+    facade.draw();
+    EXPECT_EQ(facade.getLastError().code(), 0);
+}
+
 TEST(Facade, SettersClampOrRefuse) {
     const Get aspect = std::mem_fn(&F::getAspectRatio);
     const Get font = std::mem_fn(&F::getFont);

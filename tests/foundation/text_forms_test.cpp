@@ -67,6 +67,11 @@ TEST(TextForms, FromHostAsStringMeasuresOrTakesExactlyTheLength) {
     EXPECT_EQ(convFromShortWchar(source, 3), std::wstring(L"a\0b", 3));
     EXPECT_EQ(getLenShortWcharStr(nullptr), 0u);
     EXPECT_EQ(WcharWrapper::getStrLen(source + 2), 1u);
+    // Bounded, a text is read no further than one unit past the limit: here, no terminator.
+    const unsigned short unended[] = {'a', 'b', 'c'};
+    EXPECT_EQ(boundedLenShortWcharStr(unended, 2), 3u);
+    EXPECT_EQ(boundedLenShortWcharStr(source, 5), 1u);
+    EXPECT_EQ(boundedLenShortWcharStr(nullptr, 5), 0u);
 
     unsigned short text[] = {0xD83D, 0xDE00, 'z', 0};
     VelkoVariant value = variant(VariantWStr);

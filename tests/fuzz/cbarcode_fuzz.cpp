@@ -2,12 +2,13 @@
 // writes, a value, a picture, and more writes and pictures after it.
 //
 // The input is text, one command a line:
-//   first line     the code type (CodeAuto=false, then CodeType), or "auto"
+//   first line     the code type (CodeAuto=false, then CodeType), "auto", or "none": no Init
 //   NAME=VALUE     a property write by English or Russian name; #INDEX=VALUE by index
 //   =TEXT          CodeValue
 //   ~N=TEXT        CodeValue: TEXT repeated to N characters, at most 20000
 //   @FontAt=VALUE  a method call with one parameter (@FindFont likewise)
 //   !              the host's next allocation fails
+//   init, done     Init or Done, whether or not the object has its facade
 //   --             GetBarcode, and every property read back
 // A value is typed by a prefix: i: integer, d: double, b: Boolean, s: text, n: empty; without
 // one it is an integer when it reads as one, else text. A picture is taken at the end as well.
@@ -110,12 +111,13 @@ extern "C" int VelkoFuzzCodeType(const uint8_t* data, size_t size) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::vector<std::string_view> lines = linesOf(data, size);
-    ExtensionSession session(VelkoFuzz::library());
+    const bool initialised = lines.empty() || lines[0] != "none";
+    ExtensionSession session(VelkoFuzz::library(), true, initialised);
     if (!session.object()) {
         std::abort();
     }
     const int type = VelkoFuzzCodeType(data, size);
-    if (!lines.empty() && lines[0] != "auto") {
+    if (initialised && !lines.empty() && lines[0] != "auto") {
         session.set("CodeAuto", false);
         session.set("CodeType", type);
     }
@@ -126,6 +128,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             picture(session, pictures);
         } else if (line == "!") {
             session.memory().failNextAllocation();
+        } else if (line == "init") {
+            session.init();
+        } else if (line == "done") {
+            session.done();
         } else if (!line.empty() && line[0] == '=') {
             session.set("CodeValue", std::string(line.substr(1)));
         } else if (const std::size_t equals = line.find('=');

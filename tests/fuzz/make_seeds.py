@@ -40,6 +40,9 @@ EXTRA = {
     "refusals": ("4", "refused", ["BarAlign=7", "ТипКода=99", "AspectRatio=wide", "Font=s:",
                                   "#18=i:5", "#41=n:", "--", "CanvasMargin=-1"]),
     "base64": ("16", "", ["InputDataType=1", "=0JPQvtC70L7QstCw", "--", "=!!notbase64"]),
+    "lifecycle": ("none", "", ["=4006381333931", "--", "Font=DejaVuSans", "@FontAt=i:0",
+                               "@FindFont=s:DejaVuSans", "init", "=4006381333931", "--", "done",
+                               "--", "Width=300", "LogoImage=s:AAAA", "init", "done", "done"]),
     "long_values": ("4", "", ["~9000=AB", "--", "CodeIsRaw=b:1", "~8002=3", "--", "CodeType=8",
                               "~12000=A", "--", "CodeAuto=b:1", "~8001=(01)"]),
 }

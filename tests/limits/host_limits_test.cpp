@@ -1,8 +1,11 @@
-// What a host sees of the hardening: FindFont takes only a name, and values too long for any
-// picture are answered as before, without the trees they used to cost.
+// What a host sees of the hardening: FindFont takes only a name, texts are bounded, and values
+// too long for any picture are answered as before, without the trees they used to cost.
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <variant>
 #include <vector>
@@ -52,6 +55,77 @@ TEST(MethodParameters, FindFontTakesOnlyText) {
     }
     EXPECT_EQ(session.memory().outstanding(), 0u);
     EXPECT_FALSE(session.sawBufferFault());
+}
+
+std::string sized(std::string head, std::size_t length, char fill) {
+    head.resize(length, fill);
+    return head;
+}
+
+// A text at its bound is taken; one unit more is answered as the setting answers a bad value,
+// with its message where it has one, and leaves the setting as it was.
+TEST(HostTexts, PastTheirBoundsAreBadValues) {
+    ASSERT_TRUE(library().loaded()) << library().error();
+    ExtensionSession session(library());
+    Value font;
+    ASSERT_TRUE(session.call(kFontAt, {0}, font));
+    const struct {
+        const char* property;
+        std::size_t bound;
+        std::string head;
+        char fill;
+        Value atBound;  // read back after the text at the bound; monostate: the text itself
+        Value valid;
+        bool reported;
+    } rows[] = {
+        {"Font", 256, "", 'F', std::string("default"), font, true},
+        {"AspectRatio", 256, "5:7", ' ', std::string("5:7"), std::string("3:2"), true},
+        {"FileName", 4096, "/", 'f', Value(), std::string("label.png"), false},
+        {"CodeText", 2u << 20, "", 'T', Value(), std::string("text"), false},
+    };
+    for (const auto& row : rows) {
+        const std::string atBound = sized(row.head, row.bound, row.fill);
+        EXPECT_TRUE(session.set(row.property, atBound)) << row.property;
+        EXPECT_EQ(session.get(row.property), std::holds_alternative<std::monostate>(row.atBound)
+                                                 ? Value(atBound)
+                                                 : row.atBound)
+            << row.property;
+        EXPECT_TRUE(session.set(row.property, row.valid)) << row.property;
+        const std::size_t errors = session.host().errors.size();
+        EXPECT_FALSE(session.set(row.property, sized(row.head, row.bound + 1, row.fill)))
+            << row.property;
+        EXPECT_EQ(session.host().errors.size(), errors + (row.reported ? 1 : 0)) << row.property;
+        EXPECT_EQ(session.get(row.property), row.valid) << row.property;
+    }
+    Value known;
+    EXPECT_TRUE(session.call(kFindFont, {sized("", 256, 'F')}, known));
+    EXPECT_EQ(known, Value(false));
+    EXPECT_FALSE(session.call(kFindFont, {sized("", 257, 'F')}, known));
+    EXPECT_EQ(session.memory().outstanding(), 0u);
+}
+
+// The logo's Base64 text is taken up to 8 Mi characters, junk between the groups included; a
+// longer one leaves no logo, as a picture that doesn't decode does.
+TEST(HostTexts, LogoTextPastItsBoundIsNoLogo) {
+    ASSERT_TRUE(library().loaded()) << library().error();
+    std::ifstream file(std::string(std::getenv("VELKO_SOURCE_DIR")) + "/tests/host/logo.b64");
+    const std::string logo((std::istreambuf_iterator<char>(file)),
+                           std::istreambuf_iterator<char>());
+    ASSERT_FALSE(logo.empty());
+    ExtensionSession session(library());
+    session.set("CodeAuto", false);
+    session.set("CodeType", 16);
+    session.set("Width", 200);
+    session.set("Height", 200);
+    const auto picture = [&](const std::string& text) {
+        EXPECT_TRUE(session.set("LogoImage", text));
+        session.set("LogoSizePercentFromBarcode", 30);
+        return session.getBarcode();
+    };
+    const std::vector<unsigned char> plain = picture("");
+    EXPECT_NE(picture(sized(logo, 8u << 20, '*')), plain);
+    EXPECT_EQ(picture(sized(logo, (8u << 20) + 1, '*')), plain);
+    EXPECT_TRUE(session.host().errors.empty());
 }
 
 struct Answer {

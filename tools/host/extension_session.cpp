@@ -25,7 +25,8 @@ VelkoVariant emptyVariant() {
 
 }  // namespace
 
-ExtensionSession::ExtensionSession(const ExtensionLibrary& library, bool withMemory)
+ExtensionSession::ExtensionSession(const ExtensionLibrary& library, bool withMemory,
+                                   bool initialise)
     : library(library) {
     if (!library.loaded()) {
         return;
@@ -35,7 +36,9 @@ ExtensionSession::ExtensionSession(const ExtensionLibrary& library, bool withMem
     if (!extension) {
         return;
     }
-    extension->Init(&connection);
+    if (initialise) {
+        init();
+    }
     if (withMemory) {
         extension->setMemManager(&allocator);
     }
@@ -50,6 +53,16 @@ ExtensionSession::~ExtensionSession() {
     if (extension) {
         extension->Done();
         library.destroyObject(&extension);
+    }
+}
+
+bool ExtensionSession::init() {
+    return extension && extension->Init(&connection);
+}
+
+void ExtensionSession::done() {
+    if (extension) {
+        extension->Done();
     }
 }
 

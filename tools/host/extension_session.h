@@ -22,7 +22,9 @@ using Value =
 // extension hands over is given back to the tracking allocator at once.
 class ExtensionSession {
 public:
-    explicit ExtensionSession(const ExtensionLibrary& library, bool withMemory = true);
+    // Without initialise, Init is left to init(), as a host that skips it would.
+    explicit ExtensionSession(const ExtensionLibrary& library, bool withMemory = true,
+                              bool initialise = true);
     ~ExtensionSession();
     ExtensionSession(const ExtensionSession&) = delete;
     ExtensionSession& operator=(const ExtensionSession&) = delete;
@@ -32,6 +34,10 @@ public:
     TrackingMemory& memory() { return allocator; }
     RecordingHost& host() { return connection; }
     const std::string& registeredName() const { return registered; }
+
+    // Init with the host's connection, and Done, out of the platform's order too.
+    bool init();
+    void done();
 
     // By English or Russian name, as FindProp looks it up; -1 when unknown.
     long propIndex(const std::string& name);

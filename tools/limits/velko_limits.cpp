@@ -3,14 +3,22 @@
 //   velko-limits value MB [TYPE]      a value of MB megabytes of host text, and a picture
 //   velko-limits glyphs FROM TO       TrueType text at every size from FROM to TO; the glyph
 //                                     store must stay within its budget all along
+//   velko-limits text NAME MI         MI Mi characters of host text handed to a string property,
+//                                     or to SetLocale, FindFont, FindProp or GetClassObject:
+//                                     memory added at the peak and kept, beside the host's own
+//                                     text, and the CPU time of later pictures
 // Exits with 1 when the peak passes the megabytes given by --peak MB, or the store its budget.
 
+#include <malloc.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <fstream>
 #include <string>
 #include <variant>
 #include <vector>
@@ -80,6 +88,90 @@ bool value(const ExtensionLibrary& library, double megabytes, int type) {
     return true;
 }
 
+// Resident and peak resident memory of the process, from /proc; the peak is reset by
+// resetPeak.
+double procMegabytes(const std::string& field) {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line)) {
+        if (line.compare(0, field.size(), field) == 0) {
+            return std::atof(line.c_str() + field.size()) / 1024.0;
+        }
+    }
+    return 0;
+}
+
+void resetPeak() {
+    std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+double cpuSeconds() {
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
+}
+
+// The least CPU time of a few pictures.
+double pictureSeconds(ExtensionSession& session) {
+    double least = 1e9;
+    for (int i = 0; i < 7; ++i) {
+        const double start = cpuSeconds();
+        session.getBarcode();
+        least = std::min(least, cpuSeconds() - start);
+    }
+    return least;
+}
+
+// The host's text of name, handed over as the platform does; what the call answered.
+bool handOver(const ExtensionLibrary& library, ExtensionSession& session, const std::string& name,
+              std::vector<unsigned short>& text) {
+    IVelkoExtension& object = *session.object();
+    VelkoVariant variant;
+    std::memset(static_cast<void*>(&variant), 0, sizeof variant);
+    variant.type = VariantWStr;
+    variant.str.chars = text.data();
+    variant.str.length = static_cast<uint32_t>(text.size() - 1);
+    if (name == "SetLocale") {
+        object.SetLocale(text.data());
+        return true;
+    }
+    if (name == "FindFont") {
+        VelkoVariant answer;
+        std::memset(static_cast<void*>(&answer), 0, sizeof answer);
+        return object.CallAsFunc(2, &answer, &variant, 1);
+    }
+    if (name == "FindProp") {
+        return object.FindProp(text.data()) >= 0;
+    }
+    if (name == "GetClassObject") {
+        IVelkoExtension* made = nullptr;
+        return library.getClassObject(text.data(), &made) != 0;
+    }
+    return object.SetPropVal(session.propIndex(name), &variant);
+}
+
+bool hostText(const ExtensionLibrary& library, const std::string& name, double mebi) {
+    ExtensionSession session(library);
+    const double before = pictureSeconds(session);
+    std::vector<unsigned short> text(static_cast<std::size_t>(mebi * (1 << 20)) + 1, 'A');
+    text.back() = 0;
+    malloc_trim(0);
+    const double resident = procMegabytes("VmRSS:");
+    resetPeak();
+    const bool answered = handOver(library, session, name, text);
+    const double added = procMegabytes("VmHWM:") - resident;
+    // The host lets its own text go, 2 bytes a character, before what stays is counted.
+    text = std::vector<unsigned short>();
+    malloc_trim(0);
+    const double kept = procMegabytes("VmRSS:") - resident + mebi * 2;
+    const double after = pictureSeconds(session);
+    std::printf(
+        "%s of %.0f Mi characters: answered %s, %.1f MB added at the peak, %.1f MB "
+        "kept; a picture %.2f ms before, %.2f ms after\n",
+        name.c_str(), mebi, answered ? "true" : "false", added, kept, before * 1e3, after * 1e3);
+    return true;
+}
+
 bool glyphs(unsigned from, unsigned to) {
     BarcodeVelko::BarcodeFacade2 facade;
     facade.setCodeType(4);
@@ -117,7 +209,7 @@ int main(int argc, char** argv) {
     if (args.empty()) {
         std::fprintf(stderr,
                      "usage: velko-limits [--peak MB] font SIZE WIDTH | value MB [TYPE] | "
-                     "glyphs FROM TO\n");
+                     "glyphs FROM TO | text NAME MI\n");
         return 2;
     }
     const ExtensionLibrary library(ExtensionLibrary::defaultPath());
@@ -131,6 +223,8 @@ int main(int argc, char** argv) {
         ok = font(library, int(arg(1, 4000)), int(arg(2, 1000)));
     } else if (args[0] == "value") {
         ok = value(library, arg(1, 64), int(arg(2, -1)));
+    } else if (args[0] == "text" && args.size() > 1) {
+        ok = hostText(library, args[1], arg(2, 64));
     } else if (args[0] == "glyphs") {
         ok = glyphs(unsigned(arg(1, 2)), unsigned(arg(2, 400)));
     } else {
