@@ -25,7 +25,7 @@ public:
     static constexpr unsigned kAutoTextAlign = 0xFFFFFFFF;
     // The longest code, as the symbologies get it, that a picture can show: a picture is at most
     // 8000 pixels a side, every character of a linear symbol takes a module of a pixel or more,
-    // and a matrix or stacked symbol holds at most 7089 characters. No tree is built for a
+    // and a matrix or stacked symbol holds at most 3116 characters. No tree is built for a
     // longer one (docs/limits.md).
     static constexpr std::size_t kMaxValueLength = 8000;
 
