@@ -27,7 +27,7 @@ public:
     enum VerticalAlign : unsigned { kAlignTop = 1, kAlignMiddle = 2, kAlignBottom = 3 };
     // The longest code, as the symbologies get it, that a picture can show: every character of a
     // linear symbol takes a module of a pixel or more in a picture of at most kMaxSide pixels a
-    // side, and a matrix or stacked symbol holds at most 7089 characters. No tree is built for a
+    // side, and a matrix or stacked symbol holds at most 3116 characters. No tree is built for a
     // longer one (docs/limits.md).
     static constexpr std::size_t kMaxValueLength = PImage::kMaxSide;
 
