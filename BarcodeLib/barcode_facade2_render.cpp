@@ -10,6 +10,7 @@
 #include "BarcodeLib/barcode_canvas.h"
 #include "BarcodeLib/barcode_canvas_memory_impl.h"
 #include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/error_picture_texts.h"
 #include "BarcodeLib/logo_step.h"
 
 namespace BarcodeVelko {
@@ -19,7 +20,6 @@ namespace {
 constexpr int kGenerationError = 1;
 constexpr int kSizeTooSmall = 2;
 constexpr int kInvalidBarcode = 3;
-constexpr const char* kGenerationErrorText = "Generation error. Possibly incorrect parameters.";
 
 constexpr unsigned kTransparentBackground = 0x00FFFFFF;
 constexpr unsigned kMinFontSize = 2;
@@ -101,11 +101,11 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
         std::swap(placement.canvasWidth, placement.canvasHeight);
     }
     if (!codeValid || !root) {
-        return PError(kInvalidBarcode, PString("invalid barcode"));
+        return PError(kInvalidBarcode, PString(kInvalidBarcodeText));
     }
     if (placement.canvasWidth == 0 || placement.canvasHeight == 0 ||
         root->getWidth() > placement.canvasWidth || root->getHeight() > placement.canvasHeight) {
-        return PError(kSizeTooSmall, PString("size too small"));
+        return PError(kSizeTooSmall, PString(kSizeTooSmallText));
     }
 
     SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
