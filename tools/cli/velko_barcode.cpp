@@ -267,11 +267,7 @@ void makeFolder(const std::string& path) {
     }
 }
 
-// Writes the picture, making its folder as mkdir -p does.
 void writePicture(const std::vector<unsigned char>& png, const std::filesystem::path& path) {
-    if (path.has_parent_path()) {
-        makeFolder(path.parent_path().string());
-    }
     std::ofstream file(path, std::ios::binary);
     file.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
     if (!file) {
@@ -565,6 +561,10 @@ int run(const Options& options) {
     }
     const VelkoCli::Label label = VelkoCli::drawLabel(session, options.value, options.verify);
     if (!label.png.empty()) {
+        const std::filesystem::path folder = std::filesystem::path(options.out).parent_path();
+        if (!folder.empty()) {
+            makeFolder(folder.string());
+        }
         writePicture(label.png, options.out);
     }
     if (!options.quiet) {

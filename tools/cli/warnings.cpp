@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdio>
 #include <cstdlib>
 
 #include "BarcodeLib/code_types.h"
@@ -56,6 +57,42 @@ void lintElement(const GS1Element& element, std::vector<std::string>& warnings) 
     }
 }
 
+// The sizing rule of the two stacked symbologies: the scale is the picture's height over the
+// symbol's rows, or 1 when that is 0, capped by the width; PDF417 then stretches its modules by
+// AspectRatio. After a picture, CodeMinWidth and CodeMinHeight hold the symbol's modules and rows.
+std::vector<std::string> clipWarnings(VelkoHost::ExtensionSession& session, unsigned type) {
+    using BarcodeVelko::CodeType;
+    const bool pdf417 = type == static_cast<unsigned>(CodeType::PDF417);
+    if (!pdf417 && type != static_cast<unsigned>(CodeType::Code16K)) {
+        return {};
+    }
+    const SymbolFit fit = symbolFit(session);
+    if (fit.neededWidth <= 0 || fit.neededHeight <= 0) {
+        return {};
+    }
+    int aspectX = 1;
+    int aspectY = 1;
+    if (pdf417) {
+        const Value aspect = session.get("AspectRatio");
+        if (const std::string* text = std::get_if<std::string>(&aspect)) {
+            std::sscanf(text->c_str(), "%d:%d", &aspectX, &aspectY);
+        }
+    }
+    const int byWidth = std::max(fit.width / fit.neededWidth, 1);
+    const int byHeight = fit.height / fit.neededHeight;
+    const int scale = byHeight == 0 ? 1 : std::min(byWidth, byHeight);
+    const int width = fit.neededWidth * scale * aspectX;
+    const int height = fit.neededHeight * scale * aspectY;
+    if (width <= fit.width && height <= fit.height) {
+        return {};
+    }
+    return {"the picture clips the symbol: it is drawn " + std::to_string(width) + " x " +
+            std::to_string(height) + " pixels into " + fit.given() +
+            (pdf417 ? "; a PDF417 takes its scale from the height over its rows, then stretches it "
+                      "by AspectRatio"
+                    : "; a Code 16K needs 9 pixels a row and 1 more")};
+}
+
 }  // namespace
 
 std::vector<std::string> settingWarnings(
@@ -66,6 +103,14 @@ std::vector<std::string> settingWarnings(
     for (const auto& [name, text] : writes) {
         const long index = session.propIndex(name);
         logo |= index == session.propIndex("LogoImage");
+        int aspectX = 1;
+        int aspectY = 1;
+        if (index == session.propIndex("AspectRatio") &&
+            std::sscanf(text.c_str(), "%d:%d", &aspectX, &aspectY) == 2 &&
+            (aspectX <= 0 || aspectY <= 0)) {
+            warnings.push_back(name + "=" + text +
+                               " stretches a PDF417 to no size: its picture comes out blank");
+        }
         for (const char* colour : kColourProperties) {
             if (index == session.propIndex(colour) && std::strtoll(text.c_str(), nullptr, 0) != 0 &&
                 session.get(index) == Value(0)) {
@@ -84,7 +129,7 @@ std::vector<std::string> settingWarnings(
 
 std::vector<std::string> valueWarnings(VelkoHost::ExtensionSession& session, unsigned type,
                                        const std::string& value) {
-    std::vector<std::string> warnings;
+    std::vector<std::string> warnings = clipWarnings(session, type);
     if (type < BarcodeVelko::kCodeTypeCount && BarcodeVelko::g_codeTypes[type].gs1 &&
         !value.empty() && value[0] == '(') {
         std::string why;
@@ -96,11 +141,6 @@ std::vector<std::string> valueWarnings(VelkoHost::ExtensionSession& session, uns
         for (const GS1Element& element : elements) {
             lintElement(element, warnings);
         }
-    }
-    const SymbolFit fit = symbolFit(session);
-    if (!fit.fits()) {
-        warnings.push_back("the picture clips the symbol: it needs " + fit.needed() +
-                           " pixels, the picture is " + fit.given());
     }
     return warnings;
 }
