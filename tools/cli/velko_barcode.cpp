@@ -59,7 +59,7 @@ const char kUsage[] =
     "      --gallery DIR     the demo value of every code type into DIR, one PNG each, named by\n"
     "                        type number and symbology, at a size that fits it, with index.html\n"
     "      --fonts           list the fonts (FontCount, FontAt), one a line\n"
-    "  -q, --quiet           print nothing\n"
+    "  -q, --quiet           print nothing on standard output\n"
     "  -h, --help\n"
     "Exit: 0 every picture is a clean barcode, 1 some picture shows an error (its reason on\n"
     "standard error) or fails --verify, 2 a usage error, a write the object refused, or a\n"
