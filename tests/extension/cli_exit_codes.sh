@@ -45,6 +45,9 @@ check 1 "reads GS1 data (01)04006381333931(10)ABC" -- --verify -t 17 -s Width=40
 check 1 "drawn as plain data" -- --verify -t 2 -s Width=400 "(01)1234"
 check 0 "is no date" -- --verify -t 2 -s Width=400 "(11)261301(10)A"
 check 0 "not verifiable" -- --verify -t 5 -s Width=300 ABC
+check 0 "" -- --verify -t 8 -s Width=300 1234567
+# 144 x 144 modules, which only libdmtx's reader reads.
+check 0 "" -- --verify -t 18 -s Width=400 -s Height=400 "$(printf 'A%.0s' $(seq 1500))"
 check 0 "clips the symbol" -- -t 5 -s Width=300 -s Height=12 ABC
 check 0 "" -- --verify --logo "$out/logo.png" -t 16 -s Width=300 -s Height=300 "https://example.com"
 check 0 "" -- --verify -t 1 -s Width=300 -s Height=150 -s CanvasRotation=90 400638133393

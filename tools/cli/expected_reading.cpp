@@ -39,13 +39,11 @@ std::string expectedReading(Meaning meaning, const std::string& value, size_t le
     switch (meaning) {
         case Meaning::Gtin:
             return withCheckDigit(value, length);
-        case Meaning::Interleaved: {
-            if (!allDigits(value)) {
-                return value;
-            }
-            const std::string digits = whole ? value : value + gs1CheckDigit(value);
-            return digits.size() % 2 ? "0" + digits : digits;
-        }
+        case Meaning::Interleaved:
+            // An odd count of digits gets the check digit that makes it even.
+            return whole || !allDigits(value) || value.size() % 2 == 0
+                       ? value
+                       : value + gs1CheckDigit(value);
         case Meaning::AddOn: {
             if (value.size() <= length) {
                 return value;

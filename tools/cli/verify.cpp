@@ -28,9 +28,12 @@ struct TypeReading {
     unsigned quietModules;
     Meaning meaning;
     size_t length;  // digits of a GTIN, or of an add-on
+    // Shorter readings than this the reader doesn't report at all.
+    size_t shortest = 0;
 };
 
 constexpr BarcodeFormat kNoReader = BarcodeFormat::None;
+constexpr size_t kShortestITF = 6;
 
 const TypeReading kReadings[] = {
     {BarcodeFormat::EAN8, 7, Meaning::Gtin, 8},
@@ -41,7 +44,7 @@ const TypeReading kReadings[] = {
     {kNoReader, 10, Meaning::Text, 0},  // Code 16K
     {BarcodeFormat::PDF417, 2, Meaning::Text, 0},
     {kNoReader, 10, Meaning::Text, 0},  // Standard 2 of 5
-    {BarcodeFormat::ITF, 10, Meaning::Interleaved, 0},
+    {BarcodeFormat::ITF, 10, Meaning::Interleaved, 0, kShortestITF},
     {BarcodeFormat::Code39, 10, Meaning::Text, 0},
     {BarcodeFormat::Code93, 10, Meaning::Text, 0},
     {BarcodeFormat::ITF, 10, Meaning::Gtin, 14},
@@ -179,7 +182,7 @@ std::string Verification::describe() const {
         case Verdict::NotVerifiable:
             break;
     }
-    return "not verifiable: no reader at hand for this symbology";
+    return "not verifiable: " + why;
 }
 
 size_t gtinLength(unsigned codeType) {
@@ -197,6 +200,12 @@ Verification verifyPicture(const std::vector<unsigned char>& png, unsigned codeT
     }
     const TypeReading& reading = kReadings[codeType];
     verification.expected = expectedReading(reading.meaning, value, reading.length, whole);
+    if (verification.expected.size() < reading.shortest) {
+        verification.verdict = Verdict::NotVerifiable;
+        verification.why =
+            "the reader takes no fewer than " + std::to_string(reading.shortest) + " characters";
+        return verification;
+    }
     const Grey picture = onWhite(png);
     if (picture.pixels.empty()) {
         return verification;

@@ -11,6 +11,8 @@ struct Verification {
     Verdict verdict = Verdict::Unreadable;
     std::string expected;
     std::string read;
+    // Why a picture is not verifiable.
+    std::string why = "no reader at hand for this symbology";
 
     // One line for the user: "reads X, expected Y", "unreadable", "not verifiable".
     std::string describe() const;
