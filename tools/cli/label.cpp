@@ -55,18 +55,20 @@ Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, 
         !label.png.empty() && lodepng_inspect(&label.width, &label.height, &state, label.png.data(),
                                               label.png.size()) == 0;
     label.clean = isPng && session.get("Result") == Value(0);
-    label.type = textOf(session.get("CodeType"));
+    const Value type = session.get("CodeType");
+    label.type = textOf(type);
     label.text = textOf(session.get("CodeText"));
     const std::string meant = meantValue(session, value);
     if (!label.clean) {
         label.reason = isPng ? pictureReason(session, meant) : "no picture came back";
         return label;
     }
-    const unsigned type = static_cast<unsigned>(std::stoul(label.type));
-    label.warnings = valueWarnings(session, type, meant);
+    const int* number = std::get_if<int>(&type);
+    const unsigned typeNumber = number ? static_cast<unsigned>(*number) : ~0u;
+    label.warnings = valueWarnings(session, typeNumber, meant);
     if (verify) {
         label.verified = true;
-        label.verification = verifyPicture(label.png, type, meant, value.empty());
+        label.verification = verifyPicture(label.png, typeNumber, meant, value.empty());
     }
     return label;
 }
