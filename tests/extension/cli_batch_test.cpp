@@ -76,7 +76,7 @@ TEST(CliBatch, BlankAndBadLinesAreNamedAndNeverDrawnAsLabels) {
                 << report;
         }
         for (const size_t line : bad) {
-            EXPECT_NE(report.find("not clean: line " + std::to_string(line) + " "),
+            EXPECT_NE(report.find("line " + std::to_string(line) + ": not clean"),
                       std::string::npos)
                 << report;
         }

@@ -490,6 +490,7 @@ int batch(const ExtensionLibrary& library, const Options& options) {
         warn("", VelkoCli::settingWarnings(session, options.writes));
     }
     Progress progress(options.quiet, values.size());
+    // The lines that gave no clean label, named together at the end.
     std::vector<std::string> failures;
     size_t blanks = 0;
     size_t good = 0;
@@ -504,11 +505,12 @@ int batch(const ExtensionLibrary& library, const Options& options) {
             }
             if (line.blank) {
                 ++blanks;
-                std::cerr << "velko-barcode: " << line.report << "\n";
+                failures.push_back(line.report);
             } else if (line.good) {
                 ++good;
             } else {
-                failures.push_back("line " + std::to_string(i + 1) + " \"" + values[i] + "\"");
+                failures.push_back("line " + std::to_string(i + 1) + ": not clean: \"" + values[i] +
+                                   "\"");
             }
             progress.update(i + 1);
         });
@@ -520,9 +522,9 @@ int batch(const ExtensionLibrary& library, const Options& options) {
         std::cout << "\n";
     }
     for (const std::string& failure : failures) {
-        std::cerr << "velko-barcode: not clean: " << failure << "\n";
+        std::cerr << "velko-barcode: " << failure << "\n";
     }
-    return failures.empty() ? kClean : kErrorPicture;
+    return failures.size() == blanks ? kClean : kErrorPicture;
 }
 
 int run(const Options& options) {
