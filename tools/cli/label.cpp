@@ -4,6 +4,7 @@
 
 #include "layer/foundation/base64.h"
 #include "tools/cli/picture_reason.h"
+#include "tools/cli/text_check.h"
 #include "tools/cli/warnings.h"
 #include "tools/host/extension_session.h"
 
@@ -47,7 +48,8 @@ bool Label::good() const {
                      verification.verdict == Verdict::NotVerifiable);
 }
 
-Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, bool verify) {
+Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, bool verify,
+                VelkoHost::ExtensionSession* textProbe) {
     Label label;
     label.png = session.getBarcode();
     lodepng::State state;
@@ -66,6 +68,10 @@ Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, 
     const int* number = std::get_if<int>(&type);
     const unsigned typeNumber = number ? static_cast<unsigned>(*number) : ~0u;
     label.warnings = valueWarnings(session, typeNumber, meant);
+    if (textProbe) {
+        const std::vector<std::string> lost = textLineWarnings(session, *textProbe, typeNumber);
+        label.warnings.insert(label.warnings.end(), lost.begin(), lost.end());
+    }
     if (verify) {
         label.verified = true;
         label.verification = verifyPicture(label.png, typeNumber, meant, value.empty());

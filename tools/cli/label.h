@@ -32,7 +32,9 @@ struct Label {
 };
 
 // Draws the value last written with the settings in place; value is the text written to
-// CodeValue, empty for the type's demo value. With verify the picture is read back.
-Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, bool verify);
+// CodeValue, empty for the type's demo value. With verify the picture is read back, and a text
+// probe (see text_check.h) that holds the same value, if given, counts the human-readable line.
+Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, bool verify,
+                VelkoHost::ExtensionSession* textProbe = nullptr);
 
 }  // namespace VelkoCli

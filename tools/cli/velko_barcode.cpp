@@ -23,6 +23,7 @@
 #include "layer/foundation/base64.h"
 #include "tools/cli/label.h"
 #include "tools/cli/ordered_pool.h"
+#include "tools/cli/text_check.h"
 #include "tools/cli/warnings.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"
@@ -434,6 +435,19 @@ bool blank(const std::string& line) {
     return line.find_first_not_of(" \t") == std::string::npos;
 }
 
+// With --verify a second object, set up as the first, draws the human-readable line in a colour
+// of its own.
+std::shared_ptr<ExtensionSession> textProbe(const ExtensionLibrary& library, const Options& options,
+                                            ExtensionSession& session) {
+    if (!options.verify) {
+        return nullptr;
+    }
+    auto probe = std::make_shared<ExtensionSession>(library);
+    writeAll(*probe, options.writes);
+    VelkoCli::setUpTextProbe(*probe, session);
+    return probe;
+}
+
 // One object a thread draws its share of the values. Between values the flags that a value's
 // write changes go back to the settings: the type search, and the raw form that a refused plain
 // value switches on; the logo, which lasts one picture, is written again.
@@ -441,6 +455,7 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
                                           const std::vector<std::string>& values) {
     auto session = std::make_shared<ExtensionSession>(library);
     writeAll(*session, options.writes);
+    const std::shared_ptr<ExtensionSession> probe = textProbe(library, options, *session);
     std::vector<Write> logo;
     for (const Write& write : options.writes) {
         const long index = session->propIndex(write.first);
@@ -450,6 +465,14 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
     }
     const Value raw = session->get("CodeIsRaw");
     const bool searching = !options.typeGiven && session->get("CodeAuto") == Value(true);
+    const auto take = [=](ExtensionSession& object, const std::string& value) {
+        object.set("CodeIsRaw", raw);
+        if (searching) {
+            object.set("CodeAuto", true);
+        }
+        writeAll(object, logo);
+        return object.set("CodeValue", value);
+    };
     return [=, &options, &values](size_t i) {
         BatchLine line;
         char name[32];
@@ -459,16 +482,14 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
             line.report = std::string("line ") + std::to_string(i + 1) + ": blank, skipped";
             return line;
         }
-        session->set("CodeIsRaw", raw);
-        if (searching) {
-            session->set("CodeAuto", true);
-        }
-        writeAll(*session, logo);
-        if (!session->set("CodeValue", values[i])) {
+        if (!take(*session, values[i])) {
             line.report = "line " + std::to_string(i + 1) + ": refused: " + lastHostError(*session);
             return line;
         }
-        line.label = VelkoCli::drawLabel(*session, values[i], options.verify);
+        if (probe) {
+            take(*probe, values[i]);
+        }
+        line.label = VelkoCli::drawLabel(*session, values[i], options.verify, probe.get());
         line.good = line.label.good();
         const std::string suffix = line.label.clean ? ".png" : ".error.png";
         line.path = (std::filesystem::path(options.out) / (name + suffix)).string();
@@ -561,7 +582,12 @@ int run(const Options& options) {
     if (options.haveValue) {
         write(session, "CodeValue", options.value);
     }
-    const VelkoCli::Label label = VelkoCli::drawLabel(session, options.value, options.verify);
+    const std::shared_ptr<ExtensionSession> probe = textProbe(library, options, session);
+    if (probe && options.haveValue) {
+        write(*probe, "CodeValue", options.value);
+    }
+    const VelkoCli::Label label =
+        VelkoCli::drawLabel(session, options.value, options.verify, probe.get());
     if (!label.png.empty()) {
         const std::filesystem::path folder = std::filesystem::path(options.out).parent_path();
         if (!folder.empty()) {
