@@ -14,17 +14,17 @@ constexpr size_t kEan13Length = 13;
 // The identifiers by which a scanner says that GS1 data follows.
 const char* const kGS1Symbologies[] = {"]C1", "]d2", "]e0", "]Q3"};
 
-bool allDigits(const std::string& text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(),
-                                        [](unsigned char c) { return std::isdigit(c) != 0; });
-}
-
 std::string withCheckDigit(const std::string& digits, size_t length) {
     return allDigits(digits) && digits.size() + 1 == length ? digits + gs1CheckDigit(digits)
                                                             : digits;
 }
 
 }  // namespace
+
+bool allDigits(const std::string& text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(),
+                                        [](unsigned char c) { return std::isdigit(c) != 0; });
+}
 
 char gs1CheckDigit(const std::string& digits) {
     int sum = 0;

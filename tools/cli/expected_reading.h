@@ -22,6 +22,9 @@ std::string expectedReading(Meaning meaning, const std::string& value, size_t le
 // bracketed form of its elements.
 std::string normalReading(const std::string& symbology, const std::string& text);
 
+// Not empty, and nothing but the digits 0 to 9.
+bool allDigits(const std::string& text);
+
 // The GS1 check digit of the digits before it.
 char gs1CheckDigit(const std::string& digits);
 

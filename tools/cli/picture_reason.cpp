@@ -6,6 +6,7 @@
 #include "BarcodeLib/code_types.h"
 #include "BarcodeLib/error_picture_texts.h"
 #include "tools/cli/expected_reading.h"
+#include "tools/cli/host_values.h"
 #include "tools/cli/verify.h"
 #include "tools/host/extension_session.h"
 
@@ -14,11 +15,6 @@ namespace VelkoCli {
 namespace {
 
 using VelkoHost::Value;
-
-int number(const Value& value) {
-    const int* integer = std::get_if<int>(&value);
-    return integer ? *integer : 0;
-}
 
 std::string typeName(int type) {
     const bool known = type >= 0 && type < static_cast<int>(BarcodeVelko::kCodeTypeCount);
@@ -30,8 +26,7 @@ std::string invalidValue(int type, const std::string& value) {
     std::string reason = std::string(BarcodeVelko::kInvalidBarcodeText) + ": type " +
                          typeName(type) + " can't encode \"" + value + "\"";
     const size_t length = gtinLength(static_cast<unsigned>(type));
-    if (length != 0 && value.size() == length &&
-        std::all_of(value.begin(), value.end(), [](unsigned char c) { return std::isdigit(c); })) {
+    if (length != 0 && value.size() == length && allDigits(value)) {
         const char expected = gs1CheckDigit(value.substr(0, length - 1));
         if (expected != value.back()) {
             reason += std::string(": check digit ") + value.back() + ", expecting " + expected;
@@ -59,18 +54,18 @@ std::string SymbolFit::given() const {
 }
 
 SymbolFit symbolFit(VelkoHost::ExtensionSession& session) {
-    const int rotation = number(session.get("CanvasRotation"));
+    const int rotation = numberOf(session.get("CanvasRotation"));
     const bool turned = rotation == 90 || rotation == 270;
     SymbolFit fit;
-    fit.width = number(session.get(turned ? "Height" : "Width"));
-    fit.height = number(session.get(turned ? "Width" : "Height"));
-    fit.neededWidth = number(session.get("CodeMinWidth"));
-    fit.neededHeight = number(session.get("CodeMinHeight"));
+    fit.width = numberOf(session.get(turned ? "Height" : "Width"));
+    fit.height = numberOf(session.get(turned ? "Width" : "Height"));
+    fit.neededWidth = numberOf(session.get("CodeMinWidth"));
+    fit.neededHeight = numberOf(session.get("CodeMinHeight"));
     return fit;
 }
 
 std::string pictureReason(VelkoHost::ExtensionSession& session, const std::string& value) {
-    const int type = number(session.get("CodeType"));
+    const int type = numberOf(session.get("CodeType"));
     // A value that no generation took leaves no text behind.
     const Value text = session.get("CodeText");
     if (text == Value(std::string())) {

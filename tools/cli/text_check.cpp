@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "BarcodeLib/code_types.h"
+#include "tools/cli/host_values.h"
 #include "tools/host/extension_session.h"
 
 namespace VelkoCli {
@@ -33,21 +34,11 @@ constexpr char kLastPrintable = '~';
 const char kTwoMarks[] = "!\":;=?ij";
 const char kThreeMarks[] = "%";
 
-unsigned colourOf(const Value& value) {
-    const int* colour = std::get_if<int>(&value);
-    return colour ? static_cast<unsigned>(*colour) : 0;
-}
-
-std::string textOf(const Value& value) {
-    const std::string* text = std::get_if<std::string>(&value);
-    return text ? *text : std::string();
-}
-
 }  // namespace
 
 void setUpTextProbe(VelkoHost::ExtensionSession& probe, VelkoHost::ExtensionSession& session) {
-    const unsigned bar = colourOf(session.get("BarColor")) & kRgb;
-    const unsigned background = colourOf(session.get("BgColor")) & kRgb;
+    const unsigned bar = static_cast<unsigned>(numberOf(session.get("BarColor"))) & kRgb;
+    const unsigned background = static_cast<unsigned>(numberOf(session.get("BgColor"))) & kRgb;
     for (const unsigned colour : kProbeColours) {
         if ((colour & kRgb) != bar && (colour & kRgb) != background) {
             probe.set("TextColor", static_cast<int>(colour));
@@ -67,13 +58,14 @@ std::vector<std::string> textLineWarnings(VelkoHost::ExtensionSession& session,
     }
     const std::string text = textOf(session.get("CodeText"));
     const size_t marks = marksOf(text);
-    if (marks == 0 || marksShown(probe.getBarcode(), colourOf(probe.get("TextColor"))) >= marks) {
+    if (marks == 0 ||
+        marksShown(probe.getBarcode(), static_cast<unsigned>(numberOf(probe.get("TextColor")))) >=
+            marks) {
         return {};
     }
-    const Value size = session.get("FontSize");
     return {"characters of the human-readable line \"" + text +
             "\" did not fit and are missing from it (FontSize " +
-            std::to_string(std::get_if<int>(&size) ? std::get<int>(size) : 0) + ")"};
+            std::to_string(numberOf(session.get("FontSize"))) + ")"};
 }
 
 size_t marksShown(const std::vector<unsigned char>& png, unsigned colour) {

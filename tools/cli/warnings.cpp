@@ -31,11 +31,6 @@ bool listed(const char* const (&list)[N], const std::string& name) {
     return std::find(std::begin(list), std::end(list), name) != std::end(list);
 }
 
-bool allDigits(const std::string& text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(),
-                                        [](unsigned char c) { return std::isdigit(c) != 0; });
-}
-
 // A lint of our own: the library draws what it is given.
 void lintElement(const GS1Element& element, std::vector<std::string>& warnings) {
     const std::string& data = element.data;
