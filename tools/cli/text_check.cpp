@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "BarcodeLib/code_types.h"
 #include "tools/cli/host_values.h"

@@ -7,12 +7,13 @@
 #include <lodepng.h>
 
 #include <algorithm>
-#include <memory>
+#include <iterator>
 
 #include <ZXing/DecodeHints.h>
 #include <ZXing/ImageView.h>
 #include <ZXing/ReadBarcode.h>
 
+#include "BarcodeLib/code_types.h"
 #include "tools/cli/expected_reading.h"
 
 namespace VelkoCli {
@@ -21,7 +22,7 @@ namespace {
 
 using ZXing::BarcodeFormat;
 
-// How each code type is read back, in the host's numbering.
+// How a code type is read back.
 struct TypeReading {
     BarcodeFormat format;  // None: no reader at hand
     // The quiet zone, in modules, that the symbology's standard asks for on each side.
@@ -35,33 +36,35 @@ struct TypeReading {
 constexpr BarcodeFormat kNoReader = BarcodeFormat::None;
 constexpr size_t kShortestITF = 6;
 
+// format, quiet zone in modules, meaning, length, shortest; a row a type in the host's numbering.
 const TypeReading kReadings[] = {
-    {BarcodeFormat::EAN8, 7, Meaning::Gtin, 8},
-    {BarcodeFormat::EAN13, 11, Meaning::Gtin, 13},
-    {BarcodeFormat::Code128, 10, Meaning::GS1, 0},
-    {BarcodeFormat::Code39, 10, Meaning::Text, 0},
-    {BarcodeFormat::Code128, 10, Meaning::Text, 0},
-    {kNoReader, 10, Meaning::Text, 0},  // Code 16K
-    {BarcodeFormat::PDF417, 2, Meaning::Text, 0},
-    {kNoReader, 10, Meaning::Text, 0},  // Standard 2 of 5
-    {BarcodeFormat::ITF, 10, Meaning::Interleaved, 0, kShortestITF},
-    {BarcodeFormat::Code39, 10, Meaning::Text, 0},
-    {BarcodeFormat::Code93, 10, Meaning::Text, 0},
-    {BarcodeFormat::ITF, 10, Meaning::Gtin, 14},
-    {BarcodeFormat::DataBar, 1, Meaning::Gtin, 14},
-    {BarcodeFormat::Codabar, 10, Meaning::Text, 0},
-    {BarcodeFormat::EAN13, 11, Meaning::AddOn, 2},
-    {BarcodeFormat::EAN13, 11, Meaning::AddOn, 5},
-    {BarcodeFormat::QRCode, 4, Meaning::Text, 0},
-    {BarcodeFormat::DataBarExpanded, 1, Meaning::GS1, 0},
-    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},
-    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},
-    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},
-    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},
-    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},
-    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},
-    {BarcodeFormat::DataMatrix, 1, Meaning::GS1, 0},
+    {BarcodeFormat::EAN8, 7, Meaning::Gtin, 8},                       // 0 EAN-8
+    {BarcodeFormat::EAN13, 11, Meaning::Gtin, 13},                    // 1 EAN-13
+    {BarcodeFormat::Code128, 10, Meaning::GS1, 0},                    // 2 EAN-128
+    {BarcodeFormat::Code39, 10, Meaning::Text, 0},                    // 3 Code 39
+    {BarcodeFormat::Code128, 10, Meaning::Text, 0},                   // 4 Code 128
+    {kNoReader, 10, Meaning::Text, 0},                                // 5 Code 16K
+    {BarcodeFormat::PDF417, 2, Meaning::Text, 0},                     // 6 PDF417
+    {kNoReader, 10, Meaning::Text, 0},                                // 7 Standard 2 of 5
+    {BarcodeFormat::ITF, 10, Meaning::Interleaved, 0, kShortestITF},  // 8 Interleaved 2 of 5
+    {BarcodeFormat::Code39, 10, Meaning::Text, 0},                    // 9 Extended Code 39
+    {BarcodeFormat::Code93, 10, Meaning::Text, 0},                    // 10 Code 93
+    {BarcodeFormat::ITF, 10, Meaning::Gtin, 14},                      // 11 ITF-14
+    {BarcodeFormat::DataBar, 1, Meaning::Gtin, 14},                   // 12 RSS-14
+    {BarcodeFormat::Codabar, 10, Meaning::Text, 0},                   // 13 Codabar
+    {BarcodeFormat::EAN13, 11, Meaning::AddOn, 2},                    // 14 EAN-13 + 2
+    {BarcodeFormat::EAN13, 11, Meaning::AddOn, 5},                    // 15 EAN-13 + 5
+    {BarcodeFormat::QRCode, 4, Meaning::Text, 0},                     // 16 QR Code
+    {BarcodeFormat::DataBarExpanded, 1, Meaning::GS1, 0},             // 17 DataBar Expanded Stacked
+    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},                 // 18 Data Matrix 0
+    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},                 // 19 Data Matrix 1
+    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},                 // 20 Data Matrix 2
+    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},                 // 21 Data Matrix 3
+    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},                 // 22 Data Matrix 4
+    {BarcodeFormat::DataMatrix, 1, Meaning::Text, 0},                 // 23 Data Matrix 5
+    {BarcodeFormat::DataMatrix, 1, Meaning::GS1, 0},                  // 24 Data Matrix 6 (GS1)
 };
+static_assert(std::size(kReadings) == BarcodeVelko::kCodeTypeCount);
 
 constexpr unsigned char kWhite = 255;
 constexpr unsigned char kDarkBelow = 128;

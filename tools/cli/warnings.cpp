@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 #include "BarcodeLib/code_types.h"
 #include "tools/cli/expected_reading.h"
