@@ -3,15 +3,18 @@
 # 3 pixels a module (ours 300 x 150, zint's with its quiet zones 339 x 144). The two sides take
 # turns, ROUNDS times (5 by default); each side's least wall time, least CPU time (user and
 # system) and least user time count: other work on the machine slows the wall clock, and the
-# system time, mostly the making of 10,000 files, moves with the disk's load (TMPDIR=/dev/shm
-# keeps the disk out). Run after the release build (scripts/run-gallery.sh makes it).
+# system time, mostly the making of 10,000 files, moves with the disk's load, so the files go to
+# memory (/dev/shm) where there is one. Run after the release build (scripts/run-gallery.sh
+# makes it).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 tool=${VELKO_CLI:-build-release/tools/cli/velko-barcode}
 [ -x "$tool" ] || cmake --build build-release --target velko-barcode >/dev/null
 rounds=${ROUNDS:-5}
 count=10000
-work=$(mktemp -d)
+base=/dev/shm
+[ -d "$base" ] || base=${TMPDIR:-/tmp}
+work=$(mktemp -d "$base/velko-bench.XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
 # Made by the shell's own 64-bit arithmetic: an awk may print a 12-digit number through a
@@ -97,6 +100,11 @@ echo "$count distinct EAN-13 values, least of $rounds rounds:"
 report "velko-barcode --batch" "$velko_best"
 if [ "$have_zint" = yes ]; then
     report "zint --batch" "$zint_best"
+    read -r velko_wall velko_cpu _ <<<"$velko_best"
+    read -r zint_wall zint_cpu _ <<<"$zint_best"
+    printf 'ratio velko / zint: wall %d.%02d, CPU %d.%02d\n' \
+        $((velko_wall / zint_wall)) $((velko_wall * 100 / zint_wall % 100)) \
+        $((velko_cpu / zint_cpu)) $((velko_cpu * 100 / zint_cpu % 100))
 else
     echo "zint is not installed (apt-get install zint) to compare with"
 fi

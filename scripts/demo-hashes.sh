@@ -8,6 +8,6 @@ tool="$build/tools/cli/velko-barcode"
 out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
 for rotation in 0 90 180 270; do
-    "$tool" -q -s CanvasRotation=$rotation --gallery "$out/$rotation" >/dev/null || true
+    "$tool" -q -s CanvasRotation=$rotation --gallery "$out/$rotation" >/dev/null 2>&1 || true
     (cd "$out/$rotation" && md5sum ./*.png | sed "s|\./|$rotation/|")
 done

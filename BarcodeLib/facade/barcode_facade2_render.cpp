@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "BarcodeLib/errors/error_picture_texts.h"
 #include "BarcodeLib/facade/barcode_facade2.h"
 #include "BarcodeLib/png/logo_step.h"
 #include "BarcodeLib/strategy/abstract_barcode_strategy.h"
@@ -20,7 +21,6 @@ namespace {
 constexpr int kGenerationError = 1;
 constexpr int kSizeTooSmall = 2;
 constexpr int kInvalidBarcode = 3;
-constexpr const char* kGenerationErrorText = "Generation error. Possibly incorrect parameters.";
 
 constexpr unsigned kTransparentBackground = 0x00FFFFFF;
 constexpr unsigned kMinFontSize = 2;
@@ -98,11 +98,11 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
         std::swap(placement.canvasWidth, placement.canvasHeight);
     }
     if (!codeValid || !root) {
-        return PError(kInvalidBarcode, PString("invalid barcode"));
+        return PError(kInvalidBarcode, PString(kInvalidBarcodeText));
     }
     if (placement.canvasWidth == 0 || placement.canvasHeight == 0 ||
         root->getWidth() > placement.canvasWidth || root->getHeight() > placement.canvasHeight) {
-        return PError(kSizeTooSmall, PString("size too small"));
+        return PError(kSizeTooSmall, PString(kSizeTooSmallText));
     }
 
     SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,68 @@ std::vector<unsigned char> bytesOf(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// Ten thousand values through one object: every PNG written, a sample of them scanned back.
+std::string textOf(const std::filesystem::path& path) {
+    const std::vector<unsigned char> bytes = bytesOf(path);
+    return std::string(bytes.begin(), bytes.end());
+}
+
+// A thousand lines, 5 of them blank and 3 that EAN-13 can't encode, on one thread and on two:
+// 992 labels, the same bytes from both, the 3 error pictures beside them under names of their
+// own, and a report that names the 8 lines.
+TEST(CliBatch, BlankAndBadLinesAreNamedAndNeverDrawnAsLabels) {
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("velko_lines_" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    const std::set<size_t> blank = {2, 100, 501, 502, 1000};
+    const std::set<size_t> bad = {7, 640, 999};
+    {
+        std::ofstream list(folder / "values.txt");
+        for (size_t line = 1; line <= 1000; ++line) {
+            list << (blank.count(line) ? line == 100 ? "  " : ""
+                     : bad.count(line) ? "40063813339X"
+                                       : ean13(400638133000ULL + line * 7919))
+                 << "\n";
+        }
+    }
+    for (const char* jobs : {"1", "2"}) {
+        const std::string out = (folder / ("out" + std::string(jobs))).string();
+        const std::string command = std::string(VELKO_CLI) + " -q -j " + jobs + " -t 1 " +
+                                    "-s Width=300 -s Height=150 --batch " +
+                                    (folder / "values.txt").string() + " -o " + out + " 2>" + out +
+                                    ".txt";
+        EXPECT_NE(std::system(command.c_str()), 0);
+        size_t labels = 0;
+        std::set<std::string> errors;
+        for (const auto& entry : std::filesystem::directory_iterator(out)) {
+            const std::string name = entry.path().filename().string();
+            if (name.find(".error.png") != std::string::npos) {
+                errors.insert(name);
+            } else {
+                ++labels;
+            }
+        }
+        EXPECT_EQ(labels, 992u);
+        EXPECT_EQ(errors, (std::set<std::string>{"000007.error.png", "000640.error.png",
+                                                 "000999.error.png"}));
+        const std::string report = textOf(out + ".txt");
+        for (const size_t line : blank) {
+            EXPECT_NE(report.find("line " + std::to_string(line) + ": blank"), std::string::npos)
+                << report;
+        }
+        for (const size_t line : bad) {
+            EXPECT_NE(report.find("line " + std::to_string(line) + ": not clean"),
+                      std::string::npos)
+                << report;
+        }
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder / "out1")) {
+        EXPECT_EQ(bytesOf(entry.path()), bytesOf(folder / "out2" / entry.path().filename()))
+            << entry.path();
+    }
+    std::filesystem::remove_all(folder);
+}
+
+// Ten thousand values, one object a thread: every PNG written, a sample of them scanned back.
 TEST(CliBatch, TenThousandValuesScanBack) {
     const std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("velko_batch_" + std::to_string(getpid()));

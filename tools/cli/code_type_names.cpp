@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <memory>
 
-#include "BarcodeLib/strategy/abstract_barcode_strategy.h"
 #include "BarcodeLib/facade/code_types.h"
+#include "BarcodeLib/strategy/abstract_barcode_strategy.h"
 #include "host/text_forms.h"
 #include "layer/foundation/string_helpers.h"
 

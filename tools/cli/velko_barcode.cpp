@@ -4,16 +4,20 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "BarcodeLib/facade/code_types.h"
@@ -21,7 +25,11 @@
 #include "layer/foundation/string_helpers.h"
 #include "tools/cli/code_type_names.h"
 #include "tools/cli/font_names.h"
+#include "tools/cli/label.h"
 #include "tools/cli/library_choice.h"
+#include "tools/cli/ordered_pool.h"
+#include "tools/cli/text_check.h"
+#include "tools/cli/warnings.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"
 #include "tools/host/host_strings.h"
@@ -44,22 +52,33 @@ const char kUsage[] =
     "                        either column: \"DejaVuSans-Bold\" or \"DejaVu Sans:style=Bold\",\n"
     "                        or a family alone, as fc-list prints them\n"
     "  -b, --base64          the value is Base64 (InputDataType=1)\n"
-    "      --logo FILE       a PNG file for LogoImage (sent as Base64)\n"
+    "      --logo FILE       a PNG file for LogoImage (sent as Base64), drawn on a QR Code at\n"
+    "                        LogoSizePercentFromBarcode=15 unless that is written too\n"
     "                        -t, -s, -b and --logo are written in the order given, the value last\n"
     "  -o, --out PATH        the PNG to write, a name ending in .png (default barcode.png), or\n"
     "                        - for standard output; with --batch, the folder (default .)\n"
     "      --batch FILE      one value a line (FILE - is standard input), each drawn with the\n"
-    "                        same settings into OUT/NNNNNN.png, NNNNNN the line number\n"
+    "                        same settings into OUT/NNNNNN.png, NNNNNN the line number; an\n"
+    "                        error picture goes to OUT/NNNNNN.error.png, a blank line is\n"
+    "                        reported and skipped\n"
+    "  -j, --jobs N          --batch on N threads (default: one a core); the pictures are the\n"
+    "                        same as on one\n"
+    "      --verify          read each picture back with zxing-cpp (libdmtx for Data Matrix),\n"
+    "                        on white inside its quiet zone, and compare it with the value: a\n"
+    "                        picture that reads otherwise or not at all counts as an error;\n"
+    "                        Code 16K and Standard 2 of 5 are not verifiable. Also warns of\n"
+    "                        characters of the human-readable line that did not fit\n"
     "      --gallery DIR     the demo value of every code type into DIR, one PNG each, named by\n"
     "                        type number and symbology, at a size that fits it, with index.html\n"
     "      --fonts           list the fonts (FontCount, FontAt), one a line, with fc-list's name\n"
     "      --types           list the code types: number, name, demo value, what each accepts\n"
-    "  -q, --quiet           print nothing\n"
+    "  -q, --quiet           print nothing on standard output\n"
     "      --version         the tool's version and the library it loads: $VELKO_EXTENSION\n"
     "                        where set, else the one installed beside the tool, else the build's\n"
     "  -h, --help\n"
-    "Exit: 0 every picture is a clean barcode, 1 some picture shows an error, 2 a usage error,\n"
-    "a write the object refused, or a folder or file that can't be made or read.\n";
+    "Exit: 0 every picture is a clean barcode, 1 some picture shows an error (its reason on\n"
+    "standard error) or fails --verify, 2 a usage error, a write the object refused, or a\n"
+    "folder or file that can't be made, written or read. Warnings go to standard error.\n";
 
 enum Exit { kClean = 0, kErrorPicture = 1, kUsageError = 2 };
 
@@ -82,6 +101,8 @@ struct Options {
     bool types = false;
     bool version = false;
     bool quiet = false;
+    bool verify = false;
+    unsigned jobs = std::max(1u, std::thread::hardware_concurrency());
     bool haveValue = false;
     std::string value;
 };
@@ -106,13 +127,25 @@ bool parseInteger(const std::string& text, int& number) {
     return true;
 }
 
-std::string readBase64(const std::string& path) {
+constexpr char kLogoSize[] = "LogoSizePercentFromBarcode";
+constexpr char kLogoSizeRussian[] = "ЛоготипРазмерПроцентОтШК";
+constexpr char kDefaultLogoSize[] = "15";
+
+std::string readLogo(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        throw UsageError{"can't read " + path};
+    if (!file || std::filesystem::is_directory(path)) {
+        throw UsageError{"can't read the logo " + path, false};
     }
-    return raw2Base64(
-        std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>()));
+    const std::string bytes((std::istreambuf_iterator<char>(file)),
+                            std::istreambuf_iterator<char>());
+    unsigned width = 0;
+    unsigned height = 0;
+    lodepng::State state;
+    if (lodepng_inspect(&width, &height, &state,
+                        reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()) != 0) {
+        throw UsageError{"the logo " + path + " is not a PNG file", false};
+    }
+    return raw2Base64(bytes);
 }
 
 bool endsWithPng(const std::string& path) {
@@ -169,13 +202,22 @@ Options parse(int argc, char** argv) {
         } else if (arg == "-b" || arg == "--base64") {
             options.writes.emplace_back("InputDataType", "1");
         } else if (arg == "--logo") {
-            options.writes.emplace_back("LogoImage", readBase64(argument(i)));
+            options.writes.emplace_back("LogoImage", readLogo(argument(i)));
         } else if (arg == "-o" || arg == "--out") {
             options.out = argument(i);
         } else if (arg == "--batch") {
             options.batch = argument(i);
         } else if (arg == "--gallery") {
             options.gallery = argument(i);
+        } else if (arg == "--verify") {
+            options.verify = true;
+        } else if (arg == "-j" || arg == "--jobs") {
+            const std::string count = argument(i);
+            int jobs = 0;
+            if (!parseInteger(count, jobs) || jobs < 1) {
+                throw UsageError{"-j takes a count of threads, not " + count};
+            }
+            options.jobs = static_cast<unsigned>(jobs);
         } else if (arg == "--fonts") {
             options.fonts = true;
         } else if (arg == "--types") {
@@ -201,6 +243,13 @@ Options parse(int argc, char** argv) {
     }
     if (options.batch.empty() && options.out != kStandardOutput && !endsWithPng(options.out)) {
         throw UsageError{"-o takes a name ending in .png, or -, not " + options.out};
+    }
+    const auto written = [&](const char* name) {
+        return std::any_of(options.writes.begin(), options.writes.end(),
+                           [&](const Write& write) { return write.first == name; });
+    };
+    if (written("LogoImage") && !written(kLogoSize) && !written(kLogoSizeRussian)) {
+        options.writes.emplace_back(kLogoSize, kDefaultLogoSize);
     }
     return options;
 }
@@ -266,27 +315,6 @@ std::string text(const Value& value) {
     return "";
 }
 
-int pictureResult(ExtensionSession& session) {
-    const Value result = session.get("Result");
-    return std::holds_alternative<int>(result) ? std::get<int>(result) : 1;
-}
-
-bool savePng(const std::vector<unsigned char>& png, const std::string& path, unsigned& width,
-             unsigned& height) {
-    lodepng::State state;
-    if (png.empty() || lodepng_inspect(&width, &height, &state, png.data(), png.size()) != 0) {
-        return false;
-    }
-    const auto* bytes = reinterpret_cast<const char*>(png.data());
-    const auto size = static_cast<std::streamsize>(png.size());
-    if (path == kStandardOutput) {
-        return static_cast<bool>(std::cout.write(bytes, size).flush());
-    }
-    std::ofstream file(path, std::ios::binary);
-    file.write(bytes, size);
-    return static_cast<bool>(file);
-}
-
 void writeAll(ExtensionSession& session, const std::vector<Write>& writes) {
     for (const auto& [name, value] : writes) {
         write(session, name, value);
@@ -301,6 +329,40 @@ void makeFolder(const std::string& path) {
         throw UsageError{"can't make the folder " + path + (error ? ": " + error.message() : ""),
                          false};
     }
+}
+
+void writePicture(const std::vector<unsigned char>& png, const std::filesystem::path& path) {
+    const auto* bytes = reinterpret_cast<const char*>(png.data());
+    const auto size = static_cast<std::streamsize>(png.size());
+    if (path == kStandardOutput) {
+        if (!std::cout.write(bytes, size).flush()) {
+            throw UsageError{"can't write the picture to standard output", false};
+        }
+        return;
+    }
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes, size);
+    if (!file) {
+        throw UsageError{"can't write " + path.string(), false};
+    }
+}
+
+void warn(const std::string& where, const std::vector<std::string>& warnings) {
+    for (const std::string& warning : warnings) {
+        std::cerr << "velko-barcode: " << where << "warning: " << warning << "\n";
+    }
+}
+
+// What the user hears on standard error about a picture: why it is an error picture, what the
+// reading found unless the picture reads as asked, and the warnings.
+void tell(const std::string& path, const VelkoCli::Label& label) {
+    const std::string where = path + ": ";
+    if (!label.clean) {
+        std::cerr << "velko-barcode: " << where << label.reason << "\n";
+    } else if (label.verified && label.verification.verdict != VelkoCli::Verdict::Clean) {
+        std::cerr << "velko-barcode: " << where << label.verification.describe() << "\n";
+    }
+    warn(where, label.warnings);
 }
 
 std::string htmlEscaped(const std::string& text) {
@@ -344,21 +406,18 @@ int gallery(const ExtensionLibrary& library, const Options& options) {
         char name[64];
         std::snprintf(name, sizeof name, "%02d_%s.png", type, row.name);
         const std::string path = options.gallery + "/" + name;
-        unsigned width = 0;
-        unsigned height = 0;
-        const bool saved = savePng(session.getBarcode(), path, width, height);
-        const bool clean = saved && pictureResult(session) == 0;
-        const std::string value = text(session.get("CodeText"));
-        if (!clean) {
+        const VelkoCli::Label label =
+            VelkoCli::drawLabel(session, row.galleryValue ? row.galleryValue : "", options.verify);
+        writePicture(label.png, path);
+        const bool clean = label.clean;
+        const std::string& value = label.text;
+        if (!label.good()) {
             exit = kErrorPicture;
         }
         if (!options.quiet) {
-            std::cout << path << ": "
-                      << (!saved  ? "no picture"
-                          : clean ? value
-                                  : "error picture")
-                      << "\n";
+            std::cout << path << ": " << (clean ? value : "error picture") << "\n";
         }
+        tell(path, label);
         std::string settings;
         for (const auto& [property, setting] : writes) {
             settings += (settings.empty() ? "" : ", ") + property + "=" +
@@ -411,6 +470,9 @@ private:
 std::vector<std::string> readLines(const std::string& path) {
     std::ifstream file;
     if (path != "-") {
+        if (std::filesystem::is_directory(path)) {
+            throw UsageError{path + " is a folder, not a file of values", false};
+        }
         file.open(path);
         if (!file) {
             throw UsageError{"can't read " + path, false};
@@ -425,53 +487,136 @@ std::vector<std::string> readLines(const std::string& path) {
         }
         lines.push_back(line);
     }
+    if (in.bad()) {
+        throw UsageError{"can't read " + path, false};
+    }
     return lines;
 }
 
-// One object draws every value. Between values the flags that a value's write changes go back
-// to the settings: the type search, and the raw form that a refused plain value switches on.
+// What became of one line of a batch.
+struct BatchLine {
+    std::string path;
+    std::string report;
+    bool good = false;
+    bool blank = false;
+    VelkoCli::Label label;
+};
+
+bool blank(const std::string& line) {
+    return line.find_first_not_of(" \t") == std::string::npos;
+}
+
+// With --verify a second object, set up as the first, draws the human-readable line in a colour
+// of its own.
+std::shared_ptr<ExtensionSession> textProbe(const ExtensionLibrary& library, const Options& options,
+                                            ExtensionSession& session) {
+    if (!options.verify) {
+        return nullptr;
+    }
+    auto probe = std::make_shared<ExtensionSession>(library);
+    writeAll(*probe, options.writes);
+    VelkoCli::setUpTextProbe(*probe, session);
+    return probe;
+}
+
+// One object a thread draws its share of the values. Between values the flags that a value's
+// write changes go back to the settings: the type search, and the raw form that a refused plain
+// value switches on; the logo, which lasts one picture, is written again.
+std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const Options& options,
+                                          const std::vector<std::string>& values) {
+    auto session = std::make_shared<ExtensionSession>(library);
+    writeAll(*session, options.writes);
+    const std::shared_ptr<ExtensionSession> probe = textProbe(library, options, *session);
+    std::vector<Write> logo;
+    for (const Write& write : options.writes) {
+        const long index = session->propIndex(write.first);
+        if (index == session->propIndex("LogoImage") || index == session->propIndex(kLogoSize)) {
+            logo.push_back(write);
+        }
+    }
+    const Value raw = session->get("CodeIsRaw");
+    const bool searching = !options.typeGiven && session->get("CodeAuto") == Value(true);
+    const auto take = [=](ExtensionSession& object, const std::string& value) {
+        object.set("CodeIsRaw", raw);
+        if (searching) {
+            object.set("CodeAuto", true);
+        }
+        writeAll(object, logo);
+        return object.set("CodeValue", value);
+    };
+    return [=, &options, &values](size_t i) {
+        BatchLine line;
+        char name[32];
+        std::snprintf(name, sizeof name, "%06zu", i + 1);
+        if (blank(values[i])) {
+            line.blank = true;
+            line.report = std::string("line ") + std::to_string(i + 1) + ": blank, skipped";
+            return line;
+        }
+        if (!take(*session, values[i])) {
+            line.report = "line " + std::to_string(i + 1) + ": refused: " + lastHostError(*session);
+            return line;
+        }
+        if (probe) {
+            take(*probe, values[i]);
+        }
+        line.label = VelkoCli::drawLabel(*session, values[i], options.verify, probe.get());
+        line.good = line.label.good();
+        const std::string suffix = line.label.clean ? ".png" : ".error.png";
+        line.path = (std::filesystem::path(options.out) / (name + suffix)).string();
+        writePicture(line.label.png, line.path);
+        line.report = line.path + ": " +
+                      (line.label.clean ? "type " + line.label.type + " " + line.label.text
+                                        : "error picture");
+        return line;
+    };
+}
+
 int batch(const ExtensionLibrary& library, const Options& options) {
     const std::vector<std::string> values = readLines(options.batch);
     makeFolder(options.out);
-    ExtensionSession session(library);
-    writeAll(session, options.writes);
-    const Value raw = session.get("CodeIsRaw");
-    const bool searching = !options.typeGiven && session.get("CodeAuto") == Value(true);
+    {
+        // Settings that the object refuses end the run before any thread starts.
+        ExtensionSession session(library);
+        writeAll(session, options.writes);
+        warn("", VelkoCli::settingWarnings(session, options.writes));
+    }
     Progress progress(options.quiet, values.size());
-    size_t failed = 0;
-    for (size_t i = 0; i < values.size(); ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "%06zu.png", i + 1);
-        const std::string path = options.out + "/" + name;
-        session.set("CodeIsRaw", raw);
-        if (searching) {
-            session.set("CodeAuto", true);
-        }
-        std::string outcome;
-        if (!session.set("CodeValue", values[i])) {
-            outcome = "refused: " + lastHostError(session);
-        } else {
-            unsigned width = 0;
-            unsigned height = 0;
-            const bool saved = savePng(session.getBarcode(), path, width, height);
-            outcome = !saved ? "no picture" : pictureResult(session) != 0 ? "error picture" : "";
-        }
-        if (!outcome.empty()) {
-            ++failed;
-        }
-        if (!options.quiet) {
-            std::cout << path << ": "
-                      << (outcome.empty() ? "type " + text(session.get("CodeType")) + " " +
-                                                text(session.get("CodeText"))
-                                          : outcome)
-                      << "\n";
-        }
-        progress.update(i + 1);
-    }
+    // The lines that gave no clean label, named together at the end.
+    std::vector<std::string> failures;
+    size_t blanks = 0;
+    size_t good = 0;
+    VelkoCli::runInOrder<BatchLine>(
+        values.size(), options.jobs, [&] { return batchJob(library, options, values); },
+        [&](size_t i, BatchLine& line) {
+            if (!options.quiet && !line.blank) {
+                std::cout << line.report << "\n";
+            }
+            if (!line.path.empty()) {
+                tell(line.path, line.label);
+            }
+            if (line.blank) {
+                ++blanks;
+                failures.push_back(line.report);
+            } else if (line.good) {
+                ++good;
+            } else {
+                failures.push_back("line " + std::to_string(i + 1) + ": not clean: \"" + values[i] +
+                                   "\"");
+            }
+            progress.update(i + 1);
+        });
     if (!options.quiet) {
-        std::cout << values.size() - failed << " of " << values.size() << " clean\n";
+        std::cout << good << " of " << values.size() - blanks << " clean";
+        if (blanks != 0) {
+            std::cout << ", " << blanks << " blank line" << (blanks == 1 ? "" : "s") << " skipped";
+        }
+        std::cout << "\n";
     }
-    return failed == 0 ? kClean : kErrorPicture;
+    for (const std::string& failure : failures) {
+        std::cerr << "velko-barcode: " << failure << "\n";
+    }
+    return failures.size() == blanks ? kClean : kErrorPicture;
 }
 
 int run(const Options& options) {
@@ -520,24 +665,42 @@ int run(const Options& options) {
         return kClean;
     }
     writeAll(session, options.writes);
+    warn("", VelkoCli::settingWarnings(session, options.writes));
     if (options.haveValue) {
         write(session, "CodeValue", options.value);
     }
-    unsigned width = 0;
-    unsigned height = 0;
-    const bool saved = savePng(session.getBarcode(), options.out, width, height);
-    const int result = pictureResult(session);
+    const std::shared_ptr<ExtensionSession> probe = textProbe(library, options, session);
+    if (probe && options.haveValue) {
+        write(*probe, "CodeValue", options.value);
+    }
+    const VelkoCli::Label label =
+        VelkoCli::drawLabel(session, options.value, options.verify, probe.get());
+    const bool toStandardOutput = options.out == kStandardOutput;
+    if (!label.png.empty()) {
+        const std::filesystem::path folder = std::filesystem::path(options.out).parent_path();
+        if (!folder.empty()) {
+            makeFolder(folder.string());
+        }
+        writePicture(label.png, options.out);
+    }
     if (!options.quiet) {
         // Standard output may be the picture itself.
-        std::ostream& report = options.out == kStandardOutput ? std::cerr : std::cout;
-        for (const char* name : {"Result", "CodeType", "CodeText", "CodeCheckSymbol"}) {
-            report << name << ": " << text(session.get(name)) << "\n";
+        std::ostream& report = toStandardOutput ? std::cerr : std::cout;
+        report << "Result: " << text(session.get("Result")) << "\n";
+        // The check symbol of an error picture is a stale one.
+        for (const char* name : {"CodeType", "CodeText", "CodeCheckSymbol"}) {
+            report << name << ": " << (label.clean ? text(session.get(name)) : "") << "\n";
         }
-        if (saved) {
-            report << "PNG: " << width << " x " << height << " -> " << options.out << "\n";
+        if (!label.png.empty()) {
+            report << "PNG: " << label.width << " x " << label.height << " -> " << options.out
+                   << "\n";
+        }
+        if (label.clean && label.verified) {
+            report << "Verify: " << label.verification.describe() << "\n";
         }
     }
-    return result == 0 && saved ? kClean : kErrorPicture;
+    tell(options.out, label);
+    return label.good() ? kClean : kErrorPicture;
 }
 
 }  // namespace
