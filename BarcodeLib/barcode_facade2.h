@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@ namespace BarcodeVelko {
 
 class AbstractBarcodeElement;
 class AbstractBarcodeStrategy;
+class LeafSizes;
 
 // Everything the host can set about a barcode, the value's generation into an element tree,
 // and the rendering of that tree into a picture.
@@ -159,6 +161,37 @@ private:
     bool longCode(AbstractBarcodeStrategy& strategy, int type, const std::wstring& code,
                   const std::wstring& stem, int first, int second,
                   SmartPtr<AbstractBarcodeElement>& tree);
+    // What one attempt of generateCode builds a tree from, and what it left: an attempt with the
+    // same inputs builds the same tree again. A strategy's generate is idempotent on its own
+    // text (given the text it left, it builds the same tree and leaves that text), so the text
+    // before an attempt matches if the earlier attempt began or ended with it; the same holds of
+    // an automatic text alignment.
+    struct GenerationInputs {
+        int type = 0;
+        bool raw = false;
+        std::wstring value;
+        unsigned textAlign = 0;
+        unsigned textPos = 0;
+        bool showCS = false;
+        int first = 0;
+        int second = 0;
+        unsigned ecl = 0;
+        unsigned char param = 0;
+        std::wstring text;
+        // What the attempt left.
+        unsigned textAlignAfter = 0;
+        std::wstring textAfter;
+        std::wstring checkSymbol;
+    };
+    GenerationInputs inputsOf(int type, bool raw, const std::wstring& value) const;
+    static bool sameTree(const GenerationInputs& made, const GenerationInputs& wanted);
+    // tryStrategy or tryStrategyRaw, or the tree of an earlier attempt of the same inputs that
+    // is still as generated: root, or the type search's find. made gets the inputs of a success.
+    bool attempt(int type, bool raw, const std::wstring& value, std::wstring& text,
+                 std::wstring& checkSymbol, AbstractBarcodeElement** element,
+                 GenerationInputs& made);
+    // The argument param of generate for the type, as getStrategy sets it.
+    unsigned char paramFor(int type) const;
     // Where and how large the sized tree goes on the canvas.
     struct Placement {
         unsigned canvasWidth = 0;
@@ -170,9 +203,9 @@ private:
         unsigned symbolWidth = 0;
         unsigned symbolHeight = 0;
     };
-    // Generates the tree for this picture and sizes it; an error that stops the picture is
-    // returned.
-    PError placeTree(Placement& placement);
+    // Generates the tree for this picture, unless it stands as generated, and sizes it, with the
+    // sizes it had as generated in generated; an error that stops the picture is returned.
+    PError placeTree(Placement& placement, std::optional<LeafSizes>& generated);
     // The placed tree on a new canvas; an empty image with lastError set when that fails.
     PImage paintTree(const Placement& placement);
     PImage drawErrorImage() const;
@@ -209,6 +242,19 @@ private:
     std::wstring codeText;
     unsigned codeSentinel = 30;
     SmartPtr<AbstractBarcodeElement> root;
+    // The inputs of root while it is as generated; a picture sizes it and then puts it back.
+    std::optional<GenerationInputs> rootInputs;
+    // Root's measures as the last picture sized them, until the next generation.
+    struct Measures {
+        unsigned width;
+        unsigned height;
+        unsigned minWidth;
+        unsigned minHeight;
+    };
+    std::optional<Measures> drawn;
+    // The tree that the type search found, with its inputs, for the generation after it.
+    SmartPtr<AbstractBarcodeElement> searchTree;
+    std::optional<GenerationInputs> searchInputs;
     bool demoMode = true;
     bool codeValid = false;
     unsigned columnCount = 150;

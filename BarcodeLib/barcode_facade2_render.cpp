@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "BarcodeLib/barcode_canvas.h"
 #include "BarcodeLib/barcode_canvas_memory_impl.h"
 #include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/leaf_sizes.h"
 #include "BarcodeLib/logo_step.h"
 
 namespace BarcodeVelko {
@@ -54,9 +56,11 @@ PImage BarcodeFacade2::draw2mem() {
     lastError.clear();
     try {
         Placement placement;
-        lastError = placeTree(placement);
+        std::optional<LeafSizes> generated;
+        lastError = placeTree(placement, generated);
         if (lastError.code() == 0) {
             result = paintTree(placement);
+            generated->restore(*root);
             if (codeType == static_cast<unsigned>(CodeType::QR)) {
                 stampLogo(result, logo, logoSizePercent, static_cast<int>(placement.x),
                           static_cast<int>(placement.y), placement.symbolWidth,
@@ -69,6 +73,9 @@ PImage BarcodeFacade2::draw2mem() {
         }
     } catch (...) {
         lastError = PError(kGenerationError, PString(kGenerationErrorText));
+        // The tree may be left sized.
+        rootInputs.reset();
+        drawn.reset();
     }
 
     if (!result.isValid()) {
@@ -77,15 +84,15 @@ PImage BarcodeFacade2::draw2mem() {
     return result;
 }
 
-PError BarcodeFacade2::placeTree(Placement& placement) {
+PError BarcodeFacade2::placeTree(Placement& placement, std::optional<LeafSizes>& generated) {
     unsigned width = columnCount;
     unsigned height = rowCount;
 
     // Shrinking to the symbol needs the tree of an earlier generation; without one the
     // picture keeps its size.
     if (removeExeedBackgroud && root) {
-        columnCount = root->getWidth();
-        rowCount = root->getHeight();
+        columnCount = drawn ? drawn->width : root->getWidth();
+        rowCount = drawn ? drawn->height : root->getHeight();
         codeValid = generateCode();
         if (codeValid) {
             width = columnCount;
@@ -114,10 +121,13 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
     SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
         root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize, codeSentinel,
         static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
+    generated.emplace(*root);
     root->visit(visitor.get());
 
     placement.symbolWidth = root->getWidth();
     placement.symbolHeight = root->getHeight();
+    drawn = Measures{placement.symbolWidth, placement.symbolHeight, root->getMinWidth(),
+                     root->getMinHeight()};
     placement.x = centred(placement.canvasWidth, placement.symbolWidth);
     // A picture turned by 180 degrees has its top and bottom exchanged.
     const bool upsideDown = canvasRotation == 180;

@@ -230,10 +230,16 @@ void BarcodeFacade2::setAspectRatio(const wchar_t* text) {
 }
 
 unsigned BarcodeFacade2::getCodeMinWidth() const {
+    if (drawn) {
+        return drawn->minWidth;
+    }
     return root ? root->getMinWidth() : 0;
 }
 
 unsigned BarcodeFacade2::getCodeMinHeight() const {
+    if (drawn) {
+        return drawn->minHeight;
+    }
     return root ? root->getMinHeight() : 0;
 }
 

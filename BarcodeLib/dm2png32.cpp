@@ -1,5 +1,7 @@
 #include "BarcodeLib/dm2png32.h"
 
+#include "BarcodeLib/scanline_deflate.h"
+
 #include <lodepng.h>
 
 #include <cstdlib>
@@ -322,8 +324,11 @@ unsigned writePng(std::vector<unsigned char>& png, const std::vector<unsigned ch
                   unsigned width, unsigned height, unsigned depth, unsigned char colourType,
                   const std::vector<unsigned char>& colours,
                   const std::vector<unsigned char>& transparency) {
+    // A general deflate only pays for its tables on a large picture.
     std::vector<unsigned char> compressed;
-    if (const unsigned code = zlibCompress(compressed, lines)) {
+    if (lines.size() < kLargeScanlines) {
+        compressed = ScanlineDeflate::compress(lines, scanlineBytes(width, depth));
+    } else if (const unsigned code = zlibCompress(compressed, lines)) {
         return code;
     }
     static const unsigned char kSignature[8] = {137, 80, 78, 71, 13, 10, 26, 10};

@@ -1,0 +1,44 @@
+#include "BarcodeLib/leaf_sizes.h"
+
+#include "BarcodeLib/abstract_barcode_element.h"
+#include "BarcodeLib/barcode_bar.h"
+#include "BarcodeLib/barcode_space.h"
+#include "BarcodeLib/barcode_text.h"
+
+namespace BarcodeVelko {
+
+LeafSizes::LeafSizes(AbstractBarcodeElement& root) {
+    root.visit(this);
+}
+
+void LeafSizes::restore(AbstractBarcodeElement& root) {
+    restoring = true;
+    next = 0;
+    root.visit(this);
+    restoring = false;
+}
+
+void LeafSizes::visit(BarcodeSpace* space) {
+    take(space);
+}
+
+void LeafSizes::visit(BarcodeBar* bar) {
+    take(bar);
+}
+
+void LeafSizes::visit(BarcodeText* text) {
+    take(text);
+}
+
+void LeafSizes::take(AbstractBarcodeRect* leaf) {
+    if (!restoring) {
+        sizes.push_back({leaf->getMinHeight(), leaf->getScaleX(), leaf->getScaleY()});
+        return;
+    }
+    const Sizes& taken = sizes[next++];
+    leaf->setMinHeight(taken.minHeight);
+    leaf->setScaleX(taken.scaleX);
+    leaf->setScaleY(taken.scaleY);
+}
+
+}  // namespace BarcodeVelko
