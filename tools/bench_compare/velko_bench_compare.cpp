@@ -12,8 +12,9 @@
 //
 // zint draws the same symbology and data (the demo value of our code type, in zint's form) at
 // about the same pixel size: the largest whole number of pixels per module whose picture is no
-// wider than ours (no higher either, for a matrix symbol), and for linear and stacked symbols a
-// bar height that brings the picture to our height. Both pictures' sizes are printed.
+// wider than ours (no higher either, for a matrix symbol), for linear and stacked symbols a bar
+// height that brings the picture to our height, and margins (whitespace) that bring it to our
+// width, and for a matrix symbol our height, to a module. Both pictures' sizes are printed.
 //
 // Repetitions alternate between the sides; each figure is the least thread CPU time of 21.
 // Arguments, for a profile: the beginning of the cases' names to run, and the repetitions. Each
@@ -189,6 +190,14 @@ public:
             const float extra = static_cast<float>(c.height - symbol->bitmap_height) /
                                 static_cast<float>(perModule);
             symbol->height = std::max(1.0f, barHeight + extra);
+        }
+        // Our picture is as large as asked, the symbol in its middle: zint's margins make up the
+        // difference, to a module.
+        buffer();
+        symbol->whitespace_width += std::max(0, c.width - symbol->bitmap_width) / (2 * perModule);
+        if (c.type->shape == Shape::Matrix) {
+            symbol->whitespace_height +=
+                std::max(0, c.height - symbol->bitmap_height) / (2 * perModule);
         }
         buffer();
     }
