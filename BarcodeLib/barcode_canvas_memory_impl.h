@@ -37,6 +37,8 @@ public:
     void drawBarImp(unsigned width, unsigned height, bool last) override;
     void drawTextImp(unsigned width, unsigned height, const wchar_t* text) override;
     bool repeatBandImp(unsigned width, unsigned height) override;
+    bool beginBandImp(unsigned height) override;
+    void endBandImp(unsigned width) override;
     void setBarColorImp(unsigned color) override;
     void setTextColorImp(unsigned color) override;
     void fillCanvasImp(unsigned color, bool flag) override;
