@@ -303,6 +303,17 @@ unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigne
 void useFastDeflate(LodePNGCompressSettings&) {}
 #endif
 
+// The bytes of the scanlines that don't repeat the line above.
+size_t newLineBytes(const std::vector<unsigned char>& lines, size_t lineBytes) {
+    size_t bytes = lineBytes;
+    for (size_t at = lineBytes; at + lineBytes <= lines.size(); at += lineBytes) {
+        if (std::memcmp(&lines[at], &lines[at - lineBytes], lineBytes) != 0) {
+            bytes += lineBytes;
+        }
+    }
+    return bytes;
+}
+
 void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
     for (int shift = 24; shift >= 0; shift -= 8) {
         out.push_back(static_cast<unsigned char>(value >> shift));
@@ -324,10 +335,12 @@ unsigned writePng(std::vector<unsigned char>& png, const std::vector<unsigned ch
                   unsigned width, unsigned height, unsigned depth, unsigned char colourType,
                   const std::vector<unsigned char>& colours,
                   const std::vector<unsigned char>& transparency) {
-    // A general deflate only pays for its tables on a large picture.
+    // A general deflate only pays for its tables on a large picture with many lines of their
+    // own.
     std::vector<unsigned char> compressed;
-    if (lines.size() < kLargeScanlines) {
-        compressed = ScanlineDeflate::compress(lines, scanlineBytes(width, depth));
+    const size_t lineBytes = scanlineBytes(width, depth);
+    if (lines.size() < kLargeScanlines || newLineBytes(lines, lineBytes) < kLargeScanlines / 4) {
+        compressed = ScanlineDeflate::compress(lines, lineBytes);
     } else if (const unsigned code = zlibCompress(compressed, lines)) {
         return code;
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace BarcodeVelko {
 
@@ -114,6 +115,30 @@ std::size_t matchLength(const unsigned char* data, std::size_t at, std::size_t s
     return length;
 }
 
+// Lines that repeat the line above from this one on, as one copy from a line back.
+std::size_t copyRepeatedLines(BitWriter& writer, const unsigned char* data, std::size_t at,
+                              std::size_t size, std::size_t lineBytes) {
+    std::size_t total = 0;
+    while (at + total >= lineBytes && at + total + lineBytes <= size &&
+           std::memcmp(data + at + total, data + at + total - lineBytes, lineBytes) == 0) {
+        total += lineBytes;
+    }
+    std::size_t left = total;
+    while (left >= kMinMatch) {
+        std::size_t length = std::min(left, kMaxMatch);
+        // The last piece must still be long enough for a match.
+        if (left - length > 0 && left - length < kMinMatch) {
+            length = left - kMinMatch;
+        }
+        match(writer, static_cast<unsigned>(length), static_cast<unsigned>(lineBytes));
+        left -= length;
+    }
+    for (std::size_t i = total - left; i < total; ++i) {
+        symbol(writer, data[at + i]);
+    }
+    return total;
+}
+
 std::uint32_t adler32(const unsigned char* data, std::size_t size) {
     std::uint32_t low = 1;
     std::uint32_t high = 0;
@@ -147,8 +172,15 @@ std::vector<unsigned char> ScanlineDeflate::compress(const std::vector<unsigned 
     const std::size_t size = lines.size();
     std::size_t at = 0;
     while (at < size) {
+        if (at % lineBytes == 0) {
+            at += copyRepeatedLines(writer, data, at, size, lineBytes);
+            if (at == size) {
+                break;
+            }
+        }
         const std::size_t above = matchLength(data, at, size, lineBytes);
-        const std::size_t before = matchLength(data, at, size, 1);
+        // A repeated line needs no second look.
+        const std::size_t before = above < kMaxMatch ? matchLength(data, at, size, 1) : 0;
         const std::size_t length = std::max(above, before);
         if (length >= kMinMatch) {
             match(writer, static_cast<unsigned>(length),
