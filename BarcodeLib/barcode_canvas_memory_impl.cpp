@@ -250,12 +250,28 @@ void BarcodeCanvasMemoryImpl::setCanvasRotation(int rotation) {
     d->currentDevice = d->rotatedDevice.get();
 }
 
+void BarcodeCanvasMemoryImpl::lendTextHelper(std::unique_ptr<PFontDrawHelper> helper) {
+    if (helper) {
+        d->fontHelper = std::move(helper);
+    }
+}
+
+std::unique_ptr<PFontDrawHelper> BarcodeCanvasMemoryImpl::returnTextHelper() {
+    return std::move(d->fontHelper);
+}
+
 void BarcodeCanvasMemoryImpl::setFont(const PFontInfo& font) {
-    d->textHelper().setFont(font);
+    PFontDrawHelper& helper = d->textHelper();
+    if (!(helper.font() == font)) {
+        helper.setFont(font);
+    }
 }
 
 void BarcodeCanvasMemoryImpl::setFontSize(unsigned size) {
-    d->textHelper().setFontSize(size);
+    PFontDrawHelper& helper = d->textHelper();
+    if (helper.fontSize() != size) {
+        helper.setFontSize(size);
+    }
 }
 
 PImage BarcodeCanvasMemoryImpl::getImage() const {

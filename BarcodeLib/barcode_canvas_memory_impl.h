@@ -7,6 +7,7 @@
 #include "layer/graphics/p_image.h"
 
 class PError;
+class PFontDrawHelper;
 class PFontInfo;
 
 namespace BarcodeVelko {
@@ -51,6 +52,10 @@ public:
     // Degrees, any integer; taken modulo 360 and expected to be a multiple of 90. Call it
     // before drawing: the pixels drawn so far keep their places.
     void setCanvasRotation(int rotation);
+    // A text helper of an earlier picture keeps the glyphs it made ready for the same font and
+    // size; setFont and setFontSize then leave them.
+    void lendTextHelper(std::unique_ptr<PFontDrawHelper> helper);
+    std::unique_ptr<PFontDrawHelper> returnTextHelper();
     void setFont(const PFontInfo& font);
     void setFontSize(unsigned size);
 

@@ -11,6 +11,7 @@
 #include "BarcodeLib/code_types.h"
 #include "BarcodeLib/guarded.h"
 #include "BarcodeLib/new_or_throw.h"
+#include "layer/fonts/p_font_draw_helper.h"
 #include "layer/foundation/base64.h"
 
 namespace BarcodeVelko {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -12,6 +13,8 @@
 #include "layer/foundation/p_byte_array.h"
 #include "layer/foundation/p_error.h"
 #include "layer/graphics/p_image.h"
+
+class PFontDrawHelper;
 
 namespace BarcodeVelko {
 
@@ -276,6 +279,8 @@ private:
     // label-sized picture only.
     static constexpr std::size_t kMaxSpareCanvasBytes = 4u << 20;
     PByteArray spareCanvas;
+    // The text helper of the last picture, with the glyphs it made ready.
+    std::unique_ptr<PFontDrawHelper> spareTextHelper;
     PError lastError;
     mutable std::mutex mutex;
 };

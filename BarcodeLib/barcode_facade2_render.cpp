@@ -13,6 +13,7 @@
 #include "BarcodeLib/barcode_facade2.h"
 #include "BarcodeLib/leaf_sizes.h"
 #include "BarcodeLib/logo_step.h"
+#include "layer/fonts/p_font_draw_helper.h"
 
 namespace BarcodeVelko {
 
@@ -144,6 +145,7 @@ PImage BarcodeFacade2::paintTree(const Placement& placement) {
     const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
     auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(
         placement.canvasWidth, placement.canvasHeight, background, &spareCanvas);
+    imp->lendTextHelper(std::move(spareTextHelper));
     imp->setCanvasRotation(static_cast<int>(canvasRotation));
     imp->setBarColorImp(barColor);
     imp->setTextColorImp(textColor);
@@ -155,6 +157,7 @@ PImage BarcodeFacade2::paintTree(const Placement& placement) {
     canvas.setXY(placement.x, placement.y);
     root->draw(&canvas);
     canvasImp->RenderImage();
+    spareTextHelper = canvasImp->returnTextHelper();
 
     PImage image = canvasImp->getImage();
     if (!image.isValid()) {
