@@ -10,6 +10,7 @@
 #include "BarcodeLib/barcode_space.h"
 #include "BarcodeLib/code_types.h"
 #include "BarcodeLib/guarded.h"
+#include "BarcodeLib/leaf_sizes.h"
 #include "BarcodeLib/new_or_throw.h"
 #include "layer/fonts/p_font_draw_helper.h"
 #include "layer/foundation/base64.h"
@@ -256,6 +257,7 @@ bool BarcodeFacade2::attempt(int type, bool raw, const std::wstring& value, std:
     if (rootInputs && sameTree(*rootInputs, made)) {
         earlier = &*rootInputs;
         *element = root.get();
+        readsAsGenerated = !picturing;
     } else if (searchInputs && sameTree(*searchInputs, made)) {
         earlier = &*searchInputs;
         *element = searchTree.release();
@@ -323,9 +325,13 @@ bool BarcodeFacade2::generateCode() {
             }
         }
         if (built) {
-            root = element;
+            if (element != root.get()) {
+                root = element;
+                rootSizedFor.reset();
+                generatedSizes.reset();
+                readsAsGenerated = false;
+            }
             rootInputs = made;
-            drawn.reset();
             codeCheckSymbol = checkSymbol;
             codeText = text;
             result = true;

@@ -206,9 +206,11 @@ private:
         unsigned symbolWidth = 0;
         unsigned symbolHeight = 0;
     };
-    // Generates the tree for this picture, unless it stands as generated, and sizes it, with the
-    // sizes it had as generated in generated; an error that stops the picture is returned.
-    PError placeTree(Placement& placement, std::optional<LeafSizes>& generated);
+    // Generates the tree for this picture and sizes it, both unless the tree stands so already;
+    // an error that stops the picture is returned.
+    PError placeTree(Placement& placement);
+    // Puts root's sizes back to those it was generated with.
+    void unsizeRoot();
     // The placed tree on a new canvas; an empty image with lastError set when that fails.
     PImage paintTree(const Placement& placement);
     PImage drawErrorImage() const;
@@ -245,16 +247,27 @@ private:
     std::wstring codeText;
     unsigned codeSentinel = 30;
     SmartPtr<AbstractBarcodeElement> root;
-    // The inputs of root while it is as generated; a picture sizes it and then puts it back.
+    // The inputs that root was generated from, while an attempt may take it again.
     std::optional<GenerationInputs> rootInputs;
-    // Root's measures as the last picture sized them, until the next generation.
-    struct Measures {
-        unsigned width;
-        unsigned height;
-        unsigned minWidth;
-        unsigned minHeight;
+    // What a size visitor is made from; the same sizes the same tree the same way.
+    struct SizingInputs {
+        unsigned type;
+        unsigned canvasWidth;
+        unsigned canvasHeight;
+        unsigned textSize;
+        unsigned sentinel;
+        int aspectX;
+        int aspectY;
+        bool operator==(const SizingInputs& other) const;
     };
-    std::optional<Measures> drawn;
+    // While root stands sized by a picture: what sized it, and its sizes and measures as
+    // generated. When an attempt outside a picture has taken it again, its measures read as
+    // generated, and a picture of other sizes puts the generated sizes back first.
+    std::optional<SizingInputs> rootSizedFor;
+    std::unique_ptr<LeafSizes> generatedSizes;
+    bool readsAsGenerated = false;
+    // A picture's own generation takes root sized as it is.
+    bool picturing = false;
     // The tree that the type search found, with its inputs, for the generation after it.
     SmartPtr<AbstractBarcodeElement> searchTree;
     std::optional<GenerationInputs> searchInputs;

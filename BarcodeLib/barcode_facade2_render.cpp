@@ -57,11 +57,9 @@ PImage BarcodeFacade2::draw2mem() {
     lastError.clear();
     try {
         Placement placement;
-        std::optional<LeafSizes> generated;
-        lastError = placeTree(placement, generated);
+        lastError = placeTree(placement);
         if (lastError.code() == 0) {
             result = paintTree(placement);
-            generated->restore(*root);
             if (codeType == static_cast<unsigned>(CodeType::QR)) {
                 stampLogo(result, logo, logoSizePercent, static_cast<int>(placement.x),
                           static_cast<int>(placement.y), placement.symbolWidth,
@@ -74,9 +72,12 @@ PImage BarcodeFacade2::draw2mem() {
         }
     } catch (...) {
         lastError = PError(kGenerationError, PString(kGenerationErrorText));
-        // The tree may be left sized.
+        // The tree may be left sized halfway.
+        picturing = false;
         rootInputs.reset();
-        drawn.reset();
+        rootSizedFor.reset();
+        generatedSizes.reset();
+        readsAsGenerated = false;
     }
 
     if (!result.isValid()) {
@@ -85,22 +86,41 @@ PImage BarcodeFacade2::draw2mem() {
     return result;
 }
 
-PError BarcodeFacade2::placeTree(Placement& placement, std::optional<LeafSizes>& generated) {
+bool BarcodeFacade2::SizingInputs::operator==(const SizingInputs& other) const {
+    return type == other.type && canvasWidth == other.canvasWidth &&
+           canvasHeight == other.canvasHeight && textSize == other.textSize &&
+           sentinel == other.sentinel && aspectX == other.aspectX && aspectY == other.aspectY;
+}
+
+void BarcodeFacade2::unsizeRoot() {
+    if (rootSizedFor && generatedSizes && root) {
+        generatedSizes->restore(*root);
+    }
+    rootSizedFor.reset();
+    readsAsGenerated = false;
+}
+
+PError BarcodeFacade2::placeTree(Placement& placement) {
     unsigned width = columnCount;
     unsigned height = rowCount;
 
     // Shrinking to the symbol needs the tree of an earlier generation; without one the
     // picture keeps its size.
     if (removeExeedBackgroud && root) {
-        columnCount = drawn ? drawn->width : root->getWidth();
-        rowCount = drawn ? drawn->height : root->getHeight();
+        const bool asGenerated = rootSizedFor && readsAsGenerated;
+        columnCount = asGenerated ? generatedSizes->width() : root->getWidth();
+        rowCount = asGenerated ? generatedSizes->height() : root->getHeight();
+        picturing = true;
         codeValid = generateCode();
+        picturing = false;
         if (codeValid) {
             width = columnCount;
             height = rowCount;
         }
     } else {
+        picturing = true;
         codeValid = generateCode();
+        picturing = false;
     }
 
     placement.canvasWidth = width;
@@ -111,24 +131,43 @@ PError BarcodeFacade2::placeTree(Placement& placement, std::optional<LeafSizes>&
     if (!codeValid || !root) {
         return PError(kInvalidBarcode, PString("invalid barcode"));
     }
+    // The tree's measures as generated, in modules.
+    const bool sized = rootSizedFor && generatedSizes;
+    const unsigned treeWidth = sized ? generatedSizes->width() : root->getWidth();
+    const unsigned treeHeight = sized ? generatedSizes->height() : root->getHeight();
     if (placement.canvasWidth == 0 || placement.canvasHeight == 0 ||
-        root->getWidth() > placement.canvasWidth || root->getHeight() > placement.canvasHeight) {
+        treeWidth > placement.canvasWidth || treeHeight > placement.canvasHeight) {
         return PError(kSizeTooSmall, PString("size too small"));
     }
 
-    SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
     const unsigned textSize = textVisible ? std::max(fontSize, kMinFontSize) : 0;
     placement.textSize = std::min(textSize, height / 2);
-    SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
-        root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize, codeSentinel,
-        static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
-    generated.emplace(*root);
-    root->visit(visitor.get());
+    const SizingInputs sizing{codeType,
+                              placement.canvasWidth,
+                              placement.canvasHeight,
+                              placement.textSize,
+                              codeSentinel,
+                              aspectX,
+                              aspectY};
+    if (rootSizedFor && *rootSizedFor == sizing) {
+        // What making the strategy would set.
+        strategyParam = paramFor(static_cast<int>(codeType));
+    } else {
+        unsizeRoot();
+        SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
+        SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
+            root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize,
+            codeSentinel, static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
+        if (!generatedSizes) {
+            generatedSizes = std::make_unique<LeafSizes>(*root);
+        }
+        root->visit(visitor.get());
+        rootSizedFor = sizing;
+    }
+    readsAsGenerated = false;
 
     placement.symbolWidth = root->getWidth();
     placement.symbolHeight = root->getHeight();
-    drawn = Measures{placement.symbolWidth, placement.symbolHeight, root->getMinWidth(),
-                     root->getMinHeight()};
     placement.x = centred(placement.canvasWidth, placement.symbolWidth);
     // A picture turned by 180 degrees has its top and bottom exchanged.
     const bool upsideDown = canvasRotation == 180;

@@ -4,6 +4,7 @@
 #include "BarcodeLib/abstract_barcode_element.h"
 #include "BarcodeLib/barcode_exception.h"
 #include "BarcodeLib/barcode_facade2.h"
+#include "BarcodeLib/leaf_sizes.h"
 #include "layer/fonts/p_system_font_helper.h"
 
 namespace BarcodeVelko {
@@ -230,15 +231,15 @@ void BarcodeFacade2::setAspectRatio(const wchar_t* text) {
 }
 
 unsigned BarcodeFacade2::getCodeMinWidth() const {
-    if (drawn) {
-        return drawn->minWidth;
+    if (rootSizedFor && readsAsGenerated) {
+        return generatedSizes->minWidth();
     }
     return root ? root->getMinWidth() : 0;
 }
 
 unsigned BarcodeFacade2::getCodeMinHeight() const {
-    if (drawn) {
-        return drawn->minHeight;
+    if (rootSizedFor && readsAsGenerated) {
+        return generatedSizes->minHeight();
     }
     return root ? root->getMinHeight() : 0;
 }

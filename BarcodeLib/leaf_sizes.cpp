@@ -7,7 +7,11 @@
 
 namespace BarcodeVelko {
 
-LeafSizes::LeafSizes(AbstractBarcodeElement& root) {
+LeafSizes::LeafSizes(AbstractBarcodeElement& root)
+    : treeWidth(root.getWidth()),
+      treeHeight(root.getHeight()),
+      treeMinWidth(root.getMinWidth()),
+      treeMinHeight(root.getMinHeight()) {
     root.visit(this);
 }
 

@@ -11,12 +11,17 @@ class AbstractBarcodeElement;
 class AbstractBarcodeRect;
 
 // The sizes a size visitor writes into the leaves of a tree (pixel height and scales), taken
-// before and put back after a picture, so that the tree stays as generated and the next picture
-// of the same settings needs no generation.
+// before a picture sizes the tree, so that a tree taken again can be put back as generated
+// rather than generated anew.
 class LeafSizes : private AbstractBarcodeVisitor {
 public:
     explicit LeafSizes(AbstractBarcodeElement& root);
     void restore(AbstractBarcodeElement& root);
+    // The tree's measures when the sizes were taken.
+    unsigned width() const { return treeWidth; }
+    unsigned height() const { return treeHeight; }
+    unsigned minWidth() const { return treeMinWidth; }
+    unsigned minHeight() const { return treeMinHeight; }
 
 private:
     struct Sizes {
@@ -31,6 +36,10 @@ private:
     void take(AbstractBarcodeRect* leaf);
 
     std::vector<Sizes> sizes;
+    unsigned treeWidth;
+    unsigned treeHeight;
+    unsigned treeMinWidth;
+    unsigned treeMinHeight;
     // Leaves visited so far while restoring; a repeated row passes its original's leaves again.
     std::size_t next = 0;
     bool restoring = false;

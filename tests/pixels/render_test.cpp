@@ -274,8 +274,7 @@ TEST(RenderTest, ATreeTakenAgainDrawsAsOneGeneratedAnew) {
     } cases[] = {{true, 1, L"4601234567893", 0},          {true, 2, L"abc-123", 180},
                  {false, 16, L"https://example.com", 90}, {false, 5, L"Code16k", 270},
                  {false, 17, L"(01)04600822901507", 0},   {false, 6, L"PDF417 example", 0}};
-    for (const auto& c : cases) {
-        BarcodeFacade2 facade;
+    const auto setUp = [](BarcodeFacade2& facade, const auto& c) {
         facade.setColumnCount(400);
         facade.setRowCount(300);
         facade.setCanvasRotation(c.rotation);
@@ -284,6 +283,10 @@ TEST(RenderTest, ATreeTakenAgainDrawsAsOneGeneratedAnew) {
             facade.setCodeType(c.type);
         }
         facade.setCodeValue(c.value);
+    };
+    for (const auto& c : cases) {
+        BarcodeFacade2 facade;
+        setUp(facade, c);
         EXPECT_EQ(facade.getCodeType(), c.type);
         const Picture first = VelkoTest::render(facade);
         const unsigned minWidth = facade.getCodeMinWidth();
@@ -300,6 +303,13 @@ TEST(RenderTest, ATreeTakenAgainDrawsAsOneGeneratedAnew) {
         EXPECT_EQ(again.rgba, anew.rgba) << c.type;
         EXPECT_EQ(facade.getCodeMinWidth(), minWidth) << c.type;
         EXPECT_EQ(facade.getCodeMinHeight(), minHeight) << c.type;
+        // The same value written again measures as generated, not as drawn.
+        BarcodeFacade2 fresh;
+        setUp(fresh, c);
+        facade.setCodeValue(c.value);
+        EXPECT_EQ(facade.getCodeMinWidth(), fresh.getCodeMinWidth()) << c.type;
+        EXPECT_EQ(facade.getCodeMinHeight(), fresh.getCodeMinHeight()) << c.type;
+        EXPECT_EQ(VelkoTest::render(facade).rgba, anew.rgba) << c.type;
     }
 }
 
