@@ -58,14 +58,6 @@ public:
         }
     }
 
-    void code(unsigned value, unsigned bits) {
-        unsigned reversed = 0;
-        for (unsigned i = 0; i < bits; ++i) {
-            reversed = (reversed << 1) | ((value >> i) & 1u);
-        }
-        number(reversed, bits);
-    }
-
     void flush() {
         if (count > 0) {
             out.push_back(static_cast<unsigned char>(buffer));
@@ -80,17 +72,51 @@ private:
     unsigned count = 0;
 };
 
-// A literal or length symbol in the fixed code.
-void symbol(BitWriter& writer, unsigned value) {
-    if (value < 144) {
-        writer.code(0x30 + value, 8);
-    } else if (value < 256) {
-        writer.code(0x190 + value - 144, 9);
-    } else if (value < 280) {
-        writer.code(value - 256, 7);
-    } else {
-        writer.code(0xC0 + value - 280, 8);
+constexpr unsigned kSymbols = 288;
+
+struct FixedCode {
+    // Bit-reversed, as the writer puts it out.
+    unsigned short bits[kSymbols];
+    unsigned char lengths[kSymbols];
+};
+
+constexpr unsigned reversed(unsigned value, unsigned length) {
+    unsigned result = 0;
+    for (unsigned i = 0; i < length; ++i) {
+        result = (result << 1) | ((value >> i) & 1u);
     }
+    return result;
+}
+
+// The fixed literal and length code (RFC 1951, 3.2.6).
+constexpr FixedCode makeFixedCode() {
+    FixedCode code{};
+    for (unsigned value = 0; value < kSymbols; ++value) {
+        unsigned bits = 0;
+        unsigned length = 0;
+        if (value < 144) {
+            bits = 0x30 + value;
+            length = 8;
+        } else if (value < 256) {
+            bits = 0x190 + value - 144;
+            length = 9;
+        } else if (value < 280) {
+            bits = value - 256;
+            length = 7;
+        } else {
+            bits = 0xC0 + value - 280;
+            length = 8;
+        }
+        code.bits[value] = static_cast<unsigned short>(reversed(bits, length));
+        code.lengths[value] = static_cast<unsigned char>(length);
+    }
+    return code;
+}
+
+constexpr FixedCode kFixedCode = makeFixedCode();
+
+void symbol(BitWriter& writer, unsigned value) {
+    writer.number(kFixedCode.bits[value], kFixedCode.lengths[value]);
 }
 
 void match(BitWriter& writer, unsigned length, unsigned distance) {
@@ -98,7 +124,7 @@ void match(BitWriter& writer, unsigned length, unsigned distance) {
     symbol(writer, kFirstLengthSymbol + lengthIndex);
     writer.number(length - kLengths[lengthIndex].base, kLengths[lengthIndex].extraBits);
     const unsigned distanceIndex = rangeOf(kDistances, distance);
-    writer.code(distanceIndex, 5);
+    writer.number(reversed(distanceIndex, 5), 5);
     writer.number(distance - kDistances[distanceIndex].base, kDistances[distanceIndex].extraBits);
 }
 
