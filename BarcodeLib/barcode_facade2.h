@@ -210,7 +210,7 @@ private:
     // an error that stops the picture is returned.
     PError placeTree(Placement& placement);
     // Puts root's sizes back to those it was generated with.
-    void unsizeRoot();
+    void unsizeRoot(bool onlyIfReadAsGenerated = false) const;
     // The placed tree on a new canvas; an empty image with lastError set when that fails.
     PImage paintTree(const Placement& placement);
     PImage drawErrorImage() const;
@@ -263,9 +263,9 @@ private:
     // While root stands sized by a picture: what sized it, and its sizes and measures as
     // generated. When an attempt outside a picture has taken it again, its measures read as
     // generated, and a picture of other sizes puts the generated sizes back first.
-    std::optional<SizingInputs> rootSizedFor;
+    mutable std::optional<SizingInputs> rootSizedFor;
     std::unique_ptr<LeafSizes> generatedSizes;
-    bool readsAsGenerated = false;
+    mutable bool readsAsGenerated = false;
     // A picture's own generation takes root sized as it is.
     bool picturing = false;
     // The tree that the type search found, with its inputs, for the generation after it.

@@ -92,7 +92,10 @@ bool BarcodeFacade2::SizingInputs::operator==(const SizingInputs& other) const {
            sentinel == other.sentinel && aspectX == other.aspectX && aspectY == other.aspectY;
 }
 
-void BarcodeFacade2::unsizeRoot() {
+void BarcodeFacade2::unsizeRoot(bool onlyIfReadAsGenerated) const {
+    if (onlyIfReadAsGenerated && !readsAsGenerated) {
+        return;
+    }
     if (rootSizedFor && generatedSizes && root) {
         generatedSizes->restore(*root);
     }
@@ -159,7 +162,7 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
             root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize,
             codeSentinel, static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
         if (!generatedSizes) {
-            generatedSizes = std::make_unique<LeafSizes>(*root);
+            generatedSizes = std::make_unique<LeafSizes>(*root, treeWidth, treeHeight);
         }
         root->visit(visitor.get());
         rootSizedFor = sizing;

@@ -231,16 +231,12 @@ void BarcodeFacade2::setAspectRatio(const wchar_t* text) {
 }
 
 unsigned BarcodeFacade2::getCodeMinWidth() const {
-    if (rootSizedFor && readsAsGenerated) {
-        return generatedSizes->minWidth();
-    }
+    unsizeRoot(true);
     return root ? root->getMinWidth() : 0;
 }
 
 unsigned BarcodeFacade2::getCodeMinHeight() const {
-    if (rootSizedFor && readsAsGenerated) {
-        return generatedSizes->minHeight();
-    }
+    unsizeRoot(true);
     return root ? root->getMinHeight() : 0;
 }
 

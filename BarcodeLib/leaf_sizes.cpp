@@ -7,11 +7,8 @@
 
 namespace BarcodeVelko {
 
-LeafSizes::LeafSizes(AbstractBarcodeElement& root)
-    : treeWidth(root.getWidth()),
-      treeHeight(root.getHeight()),
-      treeMinWidth(root.getMinWidth()),
-      treeMinHeight(root.getMinHeight()) {
+LeafSizes::LeafSizes(AbstractBarcodeElement& root, unsigned width, unsigned height)
+    : treeWidth(width), treeHeight(height) {
     root.visit(this);
 }
 

@@ -15,13 +15,11 @@ class AbstractBarcodeRect;
 // rather than generated anew.
 class LeafSizes : private AbstractBarcodeVisitor {
 public:
-    explicit LeafSizes(AbstractBarcodeElement& root);
+    // width and height are the tree's measures as it stands, which each walk the whole tree.
+    LeafSizes(AbstractBarcodeElement& root, unsigned width, unsigned height);
     void restore(AbstractBarcodeElement& root);
-    // The tree's measures when the sizes were taken.
     unsigned width() const { return treeWidth; }
     unsigned height() const { return treeHeight; }
-    unsigned minWidth() const { return treeMinWidth; }
-    unsigned minHeight() const { return treeMinHeight; }
 
 private:
     struct Sizes {
@@ -38,8 +36,6 @@ private:
     std::vector<Sizes> sizes;
     unsigned treeWidth;
     unsigned treeHeight;
-    unsigned treeMinWidth;
-    unsigned treeMinHeight;
     // Leaves visited so far while restoring; a repeated row passes its original's leaves again.
     std::size_t next = 0;
     bool restoring = false;
