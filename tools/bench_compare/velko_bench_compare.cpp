@@ -278,13 +278,21 @@ private:
 };
 
 // Whether zxing-cpp reads a symbol from PNG bytes; the size of the picture in width and height.
+// The picture is read inside a white margin: our Data Matrix has no quiet zone of its own.
 bool read(const std::vector<unsigned char>& png, unsigned& width, unsigned& height) {
+    constexpr unsigned kMargin = 16;
     std::vector<unsigned char> rgba;
     if (png.empty() || lodepng::decode(rgba, width, height, png) != 0) {
         return false;
     }
-    const ZXing::ImageView image(rgba.data(), static_cast<int>(width), static_cast<int>(height),
-                                 ZXing::ImageFormat::RGBX);
+    const unsigned outerWidth = width + 2 * kMargin;
+    std::vector<unsigned char> framed(4ULL * outerWidth * (height + 2 * kMargin), 255);
+    for (unsigned y = 0; y < height; ++y) {
+        std::copy_n(&rgba[4ULL * width * y], 4ULL * width,
+                    &framed[4ULL * (outerWidth * (y + kMargin) + kMargin)]);
+    }
+    const ZXing::ImageView image(framed.data(), static_cast<int>(outerWidth),
+                                 static_cast<int>(height + 2 * kMargin), ZXing::ImageFormat::RGBX);
     ZXing::DecodeHints hints;
     hints.setTryHarder(true);
     return ZXing::ReadBarcode(image, hints).isValid();
