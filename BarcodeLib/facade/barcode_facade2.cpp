@@ -12,6 +12,8 @@
 #include "BarcodeLib/tree/abstract_barcode_element.h"
 #include "BarcodeLib/tree/barcode_space.h"
 #include "BarcodeLib/tree/canvas_rotation.h"
+#include "BarcodeLib/tree/leaf_sizes.h"
+#include "layer/fonts/p_font_draw_helper.h"
 #include "layer/foundation/base64.h"
 
 namespace BarcodeVelko {
@@ -192,6 +194,8 @@ bool BarcodeFacade2::longCode(AbstractBarcodeStrategy& strategy, int type, const
 }
 
 int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int valueDataType) {
+    searchTree = nullptr;
+    searchInputs.reset();
     if (value.empty()) {
         return kCodeTypeCount;
     }
@@ -204,18 +208,85 @@ int BarcodeFacade2::getCodeTypeByValue(const std::wstring& value, int valueDataT
     std::wstring checkSymbol;
     for (int type = 0; type < static_cast<int>(kCodeTypeCount); ++type) {
         AbstractBarcodeElement* element = nullptr;
+        GenerationInputs inputs = inputsOf(type, false, prepared);
         bool found = tryStrategy(type, prepared.c_str(), text, checkSymbol, &element);
-        SmartPtr<AbstractBarcodeElement> discarded(element);
+        SmartPtr<AbstractBarcodeElement> tree(element);
         if (!found) {
+            inputs = inputsOf(type, true, prepared);
             found = tryStrategyRaw(type, prepared.c_str(), text, checkSymbol, &element);
-            discarded = element;
+            tree = element;
         }
         if (found) {
+            // The generation that follows the search takes this tree if it asks the same.
+            inputs.textAlignAfter = textAlign;
+            inputs.textAfter = codeText;
+            inputs.checkSymbol = checkSymbol;
+            searchInputs = inputs;
+            searchTree = tree.release();
             return type;
         }
     }
     // Nothing took the value: the fallback is named, and its picture will tell what went wrong.
     return static_cast<int>(kSearchFallback);
+}
+
+BarcodeFacade2::GenerationInputs BarcodeFacade2::inputsOf(int type, bool raw,
+                                                          const std::wstring& value) const {
+    GenerationInputs inputs;
+    inputs.type = type;
+    inputs.raw = raw;
+    inputs.value = value;
+    inputs.textAlign = textAlign;
+    inputs.textPos = textPos;
+    inputs.showCS = codeShowCS;
+    // A raw value goes to the stacked symbologies with their own column and row counts.
+    inputs.first = raw ? static_cast<int>(column2DCount) : pictureFirst();
+    inputs.second = raw ? static_cast<int>(row2DCount) : pictureSecond();
+    inputs.ecl = ecl;
+    inputs.param = paramFor(type);
+    inputs.text = codeText;
+    return inputs;
+}
+
+bool BarcodeFacade2::sameTree(const GenerationInputs& made, const GenerationInputs& wanted) {
+    return made.type == wanted.type && made.raw == wanted.raw && made.value == wanted.value &&
+           (wanted.textAlign == made.textAlign || wanted.textAlign == made.textAlignAfter) &&
+           made.textPos == wanted.textPos && made.showCS == wanted.showCS &&
+           made.first == wanted.first && made.second == wanted.second && made.ecl == wanted.ecl &&
+           made.param == wanted.param &&
+           (wanted.text == made.text || wanted.text == made.textAfter);
+}
+
+bool BarcodeFacade2::attempt(int type, bool raw, const std::wstring& value, std::wstring& text,
+                             std::wstring& checkSymbol, AbstractBarcodeElement** element,
+                             GenerationInputs& made) {
+    made = inputsOf(type, raw, value);
+    const GenerationInputs* earlier = nullptr;
+    if (rootInputs && sameTree(*rootInputs, made)) {
+        earlier = &*rootInputs;
+        *element = root.get();
+        readsAsGenerated = !picturing;
+    } else if (searchInputs && sameTree(*searchInputs, made)) {
+        earlier = &*searchInputs;
+        *element = searchTree.release();
+    }
+    if (earlier) {
+        // What generating again would leave.
+        made = *earlier;
+        strategyParam = made.param;
+        textAlign = made.textAlignAfter;
+        codeText = made.textAfter;
+        text = made.textAfter;
+        checkSymbol = made.checkSymbol;
+        searchInputs.reset();
+        return true;
+    }
+    const bool built = raw ? tryStrategyRaw(type, value.c_str(), text, checkSymbol, element)
+                           : tryStrategy(type, value.c_str(), text, checkSymbol, element);
+    made.textAlignAfter = textAlign;
+    made.textAfter = codeText;
+    made.checkSymbol = checkSymbol;
+    return built;
 }
 
 bool BarcodeFacade2::generateCode() {
@@ -235,23 +306,18 @@ bool BarcodeFacade2::generateCode() {
     // value leaves behind. It tries the starting type and then each type of the cycle at most
     // once: a type behind the cycle never comes round again to end it.
     const unsigned cycle = codeTypeCycleLength();
-    for (unsigned attempt = 0; attempt <= cycle; ++attempt) {
+    for (unsigned round = 0; round <= cycle; ++round) {
         AbstractBarcodeElement* element = nullptr;
+        GenerationInputs made;
+        bool built = false;
         if (demoMode) {
             SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(type));
             if (strategy) {
                 value = codeIsRaw ? strategy->getRawDemoValue() : strategy->getDemoValue();
-                const bool built =
-                    codeIsRaw ? tryStrategyRaw(type, value.c_str(), text, checkSymbol, &element)
-                              : tryStrategy(type, value.c_str(), text, checkSymbol, &element);
+                built = attempt(type, codeIsRaw, value, text, checkSymbol, &element, made);
                 // The demo value stands in for the host's value; the type stays as written.
                 if (built) {
-                    root = element;
                     codeValue = value;
-                    codeCheckSymbol = checkSymbol;
-                    codeText = text;
-                    result = true;
-                    break;
                 }
             }
         } else {
@@ -259,22 +325,25 @@ bool BarcodeFacade2::generateCode() {
                 break;
             }
             value = prepareCodeValue(codeValue, dataType, type);
-            bool built = false;
-            if (encodable(value)) {
-                if (!codeIsRaw) {
-                    built = tryStrategy(type, value.c_str(), text, checkSymbol, &element);
-                } else if (codeValue.size() >= 2) {
-                    built = tryStrategyRaw(type, value.c_str(), text, checkSymbol, &element);
-                }
+            if (encodable(value) && (!codeIsRaw || codeValue.size() >= 2)) {
+                built = attempt(type, codeIsRaw, value, text, checkSymbol, &element, made);
             }
             if (built) {
-                root = element;
-                codeCheckSymbol = checkSymbol;
-                codeText = text;
                 codeType = static_cast<unsigned>(type);
-                result = true;
-                break;
             }
+        }
+        if (built) {
+            if (element != root.get()) {
+                root = element;
+                rootSizedFor.reset();
+                generatedSizes.reset();
+                readsAsGenerated = false;
+            }
+            rootInputs = made;
+            codeCheckSymbol = checkSymbol;
+            codeText = text;
+            result = true;
+            break;
         }
         type = (type + 1) % static_cast<int>(cycle);
         if (!codeAuto || type == static_cast<int>(codeType)) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,10 +14,13 @@
 #include "layer/foundation/p_error.h"
 #include "layer/graphics/p_image.h"
 
+class PFontDrawHelper;
+
 namespace BarcodeVelko {
 
 class AbstractBarcodeElement;
 class AbstractBarcodeStrategy;
+class LeafSizes;
 
 // Everything the host can set about a barcode, the value's generation into an element tree,
 // and the rendering of that tree into a picture.
@@ -161,6 +166,37 @@ private:
     bool longCode(AbstractBarcodeStrategy& strategy, int type, const std::wstring& code,
                   const std::wstring& stem, int first, int second,
                   SmartPtr<AbstractBarcodeElement>& tree);
+    // What one attempt of generateCode builds a tree from, and what it left: an attempt with the
+    // same inputs builds the same tree again. A strategy's generate is idempotent on its own
+    // text (given the text it left, it builds the same tree and leaves that text), so the text
+    // before an attempt matches if the earlier attempt began or ended with it; the same holds of
+    // an automatic text alignment.
+    struct GenerationInputs {
+        int type = 0;
+        bool raw = false;
+        std::wstring value;
+        unsigned textAlign = 0;
+        unsigned textPos = 0;
+        bool showCS = false;
+        int first = 0;
+        int second = 0;
+        unsigned ecl = 0;
+        unsigned char param = 0;
+        std::wstring text;
+        // What the attempt left.
+        unsigned textAlignAfter = 0;
+        std::wstring textAfter;
+        std::wstring checkSymbol;
+    };
+    GenerationInputs inputsOf(int type, bool raw, const std::wstring& value) const;
+    static bool sameTree(const GenerationInputs& made, const GenerationInputs& wanted);
+    // tryStrategy or tryStrategyRaw, or the tree of an earlier attempt of the same inputs that
+    // is still as generated: root, or the type search's find. made gets the inputs of a success.
+    bool attempt(int type, bool raw, const std::wstring& value, std::wstring& text,
+                 std::wstring& checkSymbol, AbstractBarcodeElement** element,
+                 GenerationInputs& made);
+    // The argument param of generate for the type, as getStrategy sets it.
+    unsigned char paramFor(int type) const;
     // Where and how large the sized tree goes on the canvas.
     struct Placement {
         unsigned canvasWidth = 0;
@@ -172,9 +208,11 @@ private:
         unsigned symbolWidth = 0;
         unsigned symbolHeight = 0;
     };
-    // Generates the tree for this picture and sizes it; an error that stops the picture is
-    // returned.
+    // Generates the tree for this picture and sizes it, both unless the tree stands so already;
+    // an error that stops the picture is returned.
     PError placeTree(Placement& placement);
+    // Puts root's sizes back to those it was generated with.
+    void unsizeRoot(bool onlyIfReadAsGenerated = false) const;
     // The placed tree on a new canvas; an empty image with lastError set when that fails.
     PImage paintTree(const Placement& placement);
     PImage drawErrorImage() const;
@@ -211,6 +249,30 @@ private:
     std::wstring codeText;
     unsigned codeSentinel = 30;
     SmartPtr<AbstractBarcodeElement> root;
+    // The inputs that root was generated from, while an attempt may take it again.
+    std::optional<GenerationInputs> rootInputs;
+    // What a size visitor is made from; the same sizes the same tree the same way.
+    struct SizingInputs {
+        unsigned type;
+        unsigned canvasWidth;
+        unsigned canvasHeight;
+        unsigned textSize;
+        unsigned sentinel;
+        int aspectX;
+        int aspectY;
+        bool operator==(const SizingInputs& other) const;
+    };
+    // While root stands sized by a picture: what sized it, and its sizes and measures as
+    // generated. When an attempt outside a picture has taken it again, its measures read as
+    // generated, and a picture of other sizes puts the generated sizes back first.
+    mutable std::optional<SizingInputs> rootSizedFor;
+    std::unique_ptr<LeafSizes> generatedSizes;
+    mutable bool readsAsGenerated = false;
+    // A picture's own generation takes root sized as it is.
+    bool picturing = false;
+    // The tree that the type search found, with its inputs, for the generation after it.
+    SmartPtr<AbstractBarcodeElement> searchTree;
+    std::optional<GenerationInputs> searchInputs;
     bool demoMode = true;
     bool codeValid = false;
     unsigned columnCount = 150;
@@ -232,6 +294,8 @@ private:
     // label-sized picture only.
     static constexpr std::size_t kMaxSpareCanvasBytes = 4u << 20;
     PByteArray spareCanvas;
+    // The text helper of the last picture, with the glyphs it made ready.
+    std::unique_ptr<PFontDrawHelper> spareTextHelper;
     PError lastError;
     mutable std::mutex mutex;
 };

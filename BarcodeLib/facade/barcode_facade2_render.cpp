@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -13,6 +14,8 @@
 #include "BarcodeLib/tree/barcode_canvas.h"
 #include "BarcodeLib/tree/barcode_canvas_memory_impl.h"
 #include "BarcodeLib/tree/canvas_rotation.h"
+#include "BarcodeLib/tree/leaf_sizes.h"
+#include "layer/fonts/p_font_draw_helper.h"
 
 namespace BarcodeVelko {
 
@@ -66,12 +69,35 @@ PImage BarcodeFacade2::draw2mem() {
         }
     } catch (...) {
         lastError = PError(kGenerationError, PString(kGenerationErrorText));
+        // The tree may be left sized halfway.
+        picturing = false;
+        rootInputs.reset();
+        rootSizedFor.reset();
+        generatedSizes.reset();
+        readsAsGenerated = false;
     }
 
     if (!result.isValid()) {
         result = drawErrorImage();
     }
     return result;
+}
+
+bool BarcodeFacade2::SizingInputs::operator==(const SizingInputs& other) const {
+    return type == other.type && canvasWidth == other.canvasWidth &&
+           canvasHeight == other.canvasHeight && textSize == other.textSize &&
+           sentinel == other.sentinel && aspectX == other.aspectX && aspectY == other.aspectY;
+}
+
+void BarcodeFacade2::unsizeRoot(bool onlyIfReadAsGenerated) const {
+    if (onlyIfReadAsGenerated && !readsAsGenerated) {
+        return;
+    }
+    if (rootSizedFor && generatedSizes && root) {
+        generatedSizes->restore(*root);
+    }
+    rootSizedFor.reset();
+    readsAsGenerated = false;
 }
 
 PError BarcodeFacade2::placeTree(Placement& placement) {
@@ -81,15 +107,20 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
     // Shrinking to the symbol needs the tree of an earlier generation; without one the
     // picture keeps its size.
     if (removeExeedBackgroud && root) {
-        columnCount = root->getWidth();
-        rowCount = root->getHeight();
+        const bool asGenerated = rootSizedFor && readsAsGenerated;
+        columnCount = asGenerated ? generatedSizes->width() : root->getWidth();
+        rowCount = asGenerated ? generatedSizes->height() : root->getHeight();
+        picturing = true;
         codeValid = generateCode();
+        picturing = false;
         if (codeValid) {
             width = columnCount;
             height = rowCount;
         }
     } else {
+        picturing = true;
         codeValid = generateCode();
+        picturing = false;
     }
 
     placement.canvasWidth = width;
@@ -100,18 +131,40 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
     if (!codeValid || !root) {
         return PError(kInvalidBarcode, PString(kInvalidBarcodeText));
     }
+    // The tree's measures as generated, in modules.
+    const bool sized = rootSizedFor && generatedSizes;
+    const unsigned treeWidth = sized ? generatedSizes->width() : root->getWidth();
+    const unsigned treeHeight = sized ? generatedSizes->height() : root->getHeight();
     if (placement.canvasWidth == 0 || placement.canvasHeight == 0 ||
-        root->getWidth() > placement.canvasWidth || root->getHeight() > placement.canvasHeight) {
+        treeWidth > placement.canvasWidth || treeHeight > placement.canvasHeight) {
         return PError(kSizeTooSmall, PString(kSizeTooSmallText));
     }
 
-    SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
     const unsigned textSize = textVisible ? std::max(fontSize, kMinFontSize) : 0;
     placement.textSize = std::min(textSize, height / 2);
-    SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
-        root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize, codeSentinel,
-        static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
-    root->visit(visitor.get());
+    const SizingInputs sizing{codeType,
+                              placement.canvasWidth,
+                              placement.canvasHeight,
+                              placement.textSize,
+                              codeSentinel,
+                              aspectX,
+                              aspectY};
+    if (rootSizedFor && *rootSizedFor == sizing) {
+        // What making the strategy would set.
+        strategyParam = paramFor(static_cast<int>(codeType));
+    } else {
+        unsizeRoot();
+        SmartPtr<AbstractBarcodeStrategy> strategy(getStrategy(static_cast<int>(codeType)));
+        SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
+            root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize,
+            codeSentinel, static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
+        if (!generatedSizes) {
+            generatedSizes = std::make_unique<LeafSizes>(*root, treeWidth, treeHeight);
+        }
+        root->visit(visitor.get());
+        rootSizedFor = sizing;
+    }
+    readsAsGenerated = false;
 
     placement.symbolWidth = root->getWidth();
     placement.symbolHeight = root->getHeight();
@@ -131,6 +184,7 @@ PImage BarcodeFacade2::paintTree(const Placement& placement) {
     const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
     auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(
         placement.canvasWidth, placement.canvasHeight, background, &spareCanvas);
+    imp->lendTextHelper(std::move(spareTextHelper));
     imp->setCanvasRotation(static_cast<int>(canvasRotation));
     imp->setBarColorImp(barColor);
     imp->setTextColorImp(textColor);
@@ -142,6 +196,7 @@ PImage BarcodeFacade2::paintTree(const Placement& placement) {
     canvas.setXY(placement.x, placement.y);
     root->draw(&canvas);
     canvasImp->RenderImage();
+    spareTextHelper = canvasImp->returnTextHelper();
 
     PImage image = canvasImp->getImage();
     if (!image.isValid()) {

@@ -6,6 +6,7 @@
 #include "BarcodeLib/strategy/text_layout.h"
 #include "BarcodeLib/tree/abstract_barcode_element.h"
 #include "BarcodeLib/tree/canvas_rotation.h"
+#include "BarcodeLib/tree/leaf_sizes.h"
 #include "layer/fonts/p_system_font_helper.h"
 
 namespace BarcodeVelko {
@@ -229,10 +230,12 @@ void BarcodeFacade2::setAspectRatio(const wchar_t* text) {
 }
 
 unsigned BarcodeFacade2::getCodeMinWidth() const {
+    unsizeRoot(true);
     return root ? root->getMinWidth() : 0;
 }
 
 unsigned BarcodeFacade2::getCodeMinHeight() const {
+    unsizeRoot(true);
     return root ? root->getMinHeight() : 0;
 }
 

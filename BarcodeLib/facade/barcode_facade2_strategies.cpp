@@ -9,17 +9,20 @@ AbstractBarcodeStrategy* BarcodeFacade2::getStrategy(int type) {
         throw BarcodeException::Unexpected();
     }
     const CodeTypeRow& row = g_codeTypes[type];
-    switch (row.setting) {
+    strategyParam = paramFor(type);
+    return row.make(row.argument);
+}
+
+unsigned char BarcodeFacade2::paramFor(int type) const {
+    switch (g_codeTypes[type].setting) {
         case StrategySetting::QRErrorCorrectionLevel:
-            strategyParam = qrErrorCorrectionLevel;
-            break;
+            return qrErrorCorrectionLevel;
         case StrategySetting::GS1DatabarRowCount:
-            strategyParam = gs1DatabarRowCount;
-            break;
+            return gs1DatabarRowCount;
         case StrategySetting::None:
             break;
     }
-    return row.make(row.argument);
+    return strategyParam;
 }
 
 }  // namespace BarcodeVelko

@@ -1,5 +1,7 @@
 #include "BarcodeLib/png/dm2png32.h"
 
+#include "BarcodeLib/png/scanline_deflate.h"
+
 #include <lodepng.h>
 
 #include <cstdlib>
@@ -68,6 +70,22 @@ bool copiedFromAbove(const unsigned char* row, unsigned width, unsigned y, unsig
     return true;
 }
 
+// Eight pixels of the two colours as the bits of a byte, the second colour set; false at a
+// third colour.
+bool packByte(const unsigned char* pixels, const unsigned (&colours)[2], unsigned char& byte) {
+    unsigned bits = 0;
+    bool foreign = false;
+    for (unsigned i = 0; i < 8; ++i) {
+        unsigned color;
+        std::memcpy(&color, pixels + 4 * i, 4);
+        const bool second = color != colours[0];
+        foreign |= second && color != colours[1];
+        bits = (bits << 1) | static_cast<unsigned>(second);
+    }
+    byte = static_cast<unsigned char>(bits);
+    return !foreign;
+}
+
 // The usual picture, of one or two colours, in one pass: the palette in order of appearance and
 // the scanlines at one bit a pixel, as scanlines makes them. False at a third colour.
 bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height, Palette& palette,
@@ -89,6 +107,17 @@ bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height
         unsigned char* packed = out + 1;
         unsigned accumulated = 0;
         for (unsigned x = 0; x < width; ++x) {
+            // Once both colours are known, eight pixels make a byte without a branch.
+            while (count == 2 && x % 8 == 0 && x + 8 <= width) {
+                if (!packByte(row + 4 * static_cast<size_t>(x), colours, *packed)) {
+                    return false;
+                }
+                ++packed;
+                x += 8;
+            }
+            if (x == width) {
+                break;
+            }
             unsigned color;
             std::memcpy(&color, row + 4 * x, 4);
             const bool second = color != colours[0];
@@ -301,6 +330,25 @@ unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigne
 void useFastDeflate(LodePNGCompressSettings&) {}
 #endif
 
+// The bytes of the scanlines that don't repeat the line above.
+size_t newLineBytes(const std::vector<unsigned char>& lines, size_t lineBytes) {
+    size_t bytes = lineBytes;
+    for (size_t at = lineBytes; at + lineBytes <= lines.size(); at += lineBytes) {
+        if (std::memcmp(&lines[at], &lines[at - lineBytes], lineBytes) != 0) {
+            bytes += lineBytes;
+        }
+    }
+    return bytes;
+}
+
+unsigned crc32(const unsigned char* data, size_t length) {
+#ifdef VELKO_HAVE_LIBDEFLATE
+    return libdeflate_crc32(0, data, length);
+#else
+    return lodepng_crc32(data, length);
+#endif
+}
+
 void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
     for (int shift = 24; shift >= 0; shift -= 8) {
         out.push_back(static_cast<unsigned char>(value >> shift));
@@ -313,7 +361,7 @@ void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned 
     const size_t start = png.size();
     png.insert(png.end(), type, type + 4);
     png.insert(png.end(), data, data + length);
-    putBigEndian(png, lodepng_crc32(&png[start], length + 4));
+    putBigEndian(png, crc32(&png[start], length + 4));
 }
 
 // The PNG around the scanlines: IHDR of the bit depth and colour type, PLTE and tRNS where
@@ -322,8 +370,13 @@ unsigned writePng(std::vector<unsigned char>& png, const std::vector<unsigned ch
                   unsigned width, unsigned height, unsigned depth, unsigned char colourType,
                   const std::vector<unsigned char>& colours,
                   const std::vector<unsigned char>& transparency) {
+    // A general deflate only pays for its tables on a large picture with many lines of their
+    // own.
     std::vector<unsigned char> compressed;
-    if (const unsigned code = zlibCompress(compressed, lines)) {
+    const size_t lineBytes = scanlineBytes(width, depth);
+    if (lines.size() < kLargeScanlines || newLineBytes(lines, lineBytes) < kLargeScanlines / 4) {
+        compressed = ScanlineDeflate::compress(lines, lineBytes);
+    } else if (const unsigned code = zlibCompress(compressed, lines)) {
         return code;
     }
     static const unsigned char kSignature[8] = {137, 80, 78, 71, 13, 10, 26, 10};

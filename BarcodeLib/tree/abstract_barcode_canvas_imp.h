@@ -15,6 +15,9 @@ public:
     // Draws again, at the pen, the band of width x height just above it; false where the
     // surface can't, and the caller draws the band itself.
     virtual bool repeatBandImp(unsigned, unsigned) { return false; }
+    // See BarcodeCanvas::beginBand.
+    virtual bool beginBandImp(unsigned) { return false; }
+    virtual void endBandImp(unsigned) {}
     virtual void setBarColorImp(unsigned color) = 0;
     virtual void setTextColorImp(unsigned color) = 0;
     virtual void fillCanvasImp(unsigned color, bool flag) = 0;

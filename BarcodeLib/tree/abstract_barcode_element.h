@@ -15,6 +15,8 @@ public:
     virtual unsigned getMinWidth() const = 0;
     virtual unsigned getMinHeight() const = 0;
     virtual void draw(BarcodeCanvas* canvas) = 0;
+    // A bar or a space: one colour over its whole width and height.
+    virtual bool isRun() const { return false; }
     virtual ~AbstractBarcodeElement() = default;
 };
 

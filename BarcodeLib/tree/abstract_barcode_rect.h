@@ -15,6 +15,7 @@ public:
     unsigned getHeight() const override;
     unsigned getMinWidth() const override;
     unsigned getMinHeight() const override;
+    bool isRun() const override { return true; }
 
     virtual void setMinWidth(unsigned value);
     virtual void setMinHeight(unsigned value);

@@ -47,4 +47,12 @@ bool BarcodeCanvas::repeatBand(unsigned width, unsigned height) {
     return imp->repeatBandImp(width, height);
 }
 
+bool BarcodeCanvas::beginBand(unsigned height) {
+    return imp->beginBandImp(height);
+}
+
+void BarcodeCanvas::endBand(unsigned width) {
+    imp->endBandImp(width);
+}
+
 }  // namespace BarcodeVelko

@@ -20,6 +20,10 @@ public:
     virtual void drawText(unsigned width, unsigned height, const wchar_t* text);
     // False when the band was not copied and has to be drawn.
     virtual bool repeatBand(unsigned width, unsigned height);
+    // Runs of this height drawn from the pen until endBand: the canvas may draw their first line
+    // only and copy it down at the end, over the width given. False when it draws them whole.
+    virtual bool beginBand(unsigned height);
+    virtual void endBand(unsigned width);
     virtual ~BarcodeCanvas();
 
 private:

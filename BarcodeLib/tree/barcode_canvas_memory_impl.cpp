@@ -55,6 +55,9 @@ struct BarcodeCanvasMemoryImplPrivate {
     PColor barColor{0xFF000000, PColor::kNative};
     PColor backgroundColor;
     int rotation = 0;
+    // While a band is drawn: its height, and the top of its first line.
+    unsigned bandHeight = 0;
+    unsigned bandTop = 0;
     std::unique_ptr<PAbstractPaintDeviceWrapper> baseDevice;
     // The base device, or the alias below.
     PAbstractPaintDeviceWrapper* currentDevice;
@@ -114,9 +117,11 @@ void BarcodeCanvasMemoryImpl::drawBarImp(unsigned width, unsigned height, bool) 
         static_cast<unsigned>(std::min<unsigned long long>(device->width(), 0ULL + d->x + width));
     const auto bottom =
         static_cast<unsigned>(std::min<unsigned long long>(device->height(), 0ULL + d->y + height));
+    // In a band only the first line; the band's end copies it down.
+    const unsigned lines = d->bandHeight > 0 ? std::min(1u, bottom - d->y) : bottom - d->y;
     if (right > d->x && bottom > d->y) {
-        device->fillRect(static_cast<int>(d->x), static_cast<int>(d->y), right - d->x,
-                         bottom - d->y, d->barColor.value());
+        device->fillRect(static_cast<int>(d->x), static_cast<int>(d->y), right - d->x, lines,
+                         d->barColor.value());
     }
     d->x = right;
     d->y = bottom;
@@ -129,6 +134,37 @@ bool BarcodeCanvasMemoryImpl::repeatBandImp(unsigned width, unsigned height) {
     const int x = static_cast<int>(d->x);
     const int y = static_cast<int>(d->y);
     return d->currentDevice->copyRect(x, y - static_cast<int>(height), width, height, x, y);
+}
+
+// A line of the turned picture is a column of pixels in memory, which copies no faster than it
+// fills.
+bool BarcodeCanvasMemoryImpl::beginBandImp(unsigned height) {
+    if (!d->image.isValid() || d->rotation == 90 || d->rotation == 270 || d->y > INT_MAX) {
+        return false;
+    }
+    d->bandHeight = height;
+    d->bandTop = d->y;
+    return true;
+}
+
+void BarcodeCanvasMemoryImpl::endBandImp(unsigned width) {
+    PAbstractPaintDeviceWrapper* device = d->currentDevice;
+    const unsigned top = d->bandTop;
+    const unsigned height = d->bandHeight;
+    d->bandHeight = 0;
+    const unsigned left = d->x;
+    if (left >= device->width() || top >= device->height()) {
+        return;
+    }
+    const unsigned span = std::min(width, device->width() - left);
+    const unsigned lines = std::min(height, device->height() - top);
+    // The lines drawn so far double with each copy.
+    for (unsigned done = 1; done < lines;) {
+        const unsigned copied = std::min(done, lines - done);
+        device->copyRect(static_cast<int>(left), static_cast<int>(top), span, copied,
+                         static_cast<int>(left), static_cast<int>(top + done));
+        done += copied;
+    }
 }
 
 void BarcodeCanvasMemoryImpl::drawTextImp(unsigned width, unsigned height, const wchar_t* text) {
@@ -215,12 +251,28 @@ void BarcodeCanvasMemoryImpl::setCanvasRotation(int rotation) {
     d->currentDevice = d->rotatedDevice.get();
 }
 
+void BarcodeCanvasMemoryImpl::lendTextHelper(std::unique_ptr<PFontDrawHelper> helper) {
+    if (helper) {
+        d->fontHelper = std::move(helper);
+    }
+}
+
+std::unique_ptr<PFontDrawHelper> BarcodeCanvasMemoryImpl::returnTextHelper() {
+    return std::move(d->fontHelper);
+}
+
 void BarcodeCanvasMemoryImpl::setFont(const PFontInfo& font) {
-    d->textHelper().setFont(font);
+    PFontDrawHelper& helper = d->textHelper();
+    if (!(helper.font() == font)) {
+        helper.setFont(font);
+    }
 }
 
 void BarcodeCanvasMemoryImpl::setFontSize(unsigned size) {
-    d->textHelper().setFontSize(size);
+    PFontDrawHelper& helper = d->textHelper();
+    if (helper.fontSize() != size) {
+        helper.setFontSize(size);
+    }
 }
 
 PImage BarcodeCanvasMemoryImpl::getImage() const {

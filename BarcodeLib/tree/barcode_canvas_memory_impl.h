@@ -7,6 +7,7 @@
 #include "layer/graphics/p_image.h"
 
 class PError;
+class PFontDrawHelper;
 class PFontInfo;
 
 namespace BarcodeVelko {
@@ -37,6 +38,8 @@ public:
     void drawBarImp(unsigned width, unsigned height, bool last) override;
     void drawTextImp(unsigned width, unsigned height, const wchar_t* text) override;
     bool repeatBandImp(unsigned width, unsigned height) override;
+    bool beginBandImp(unsigned height) override;
+    void endBandImp(unsigned width) override;
     void setBarColorImp(unsigned color) override;
     void setTextColorImp(unsigned color) override;
     void fillCanvasImp(unsigned color, bool flag) override;
@@ -49,6 +52,10 @@ public:
     // Degrees, any integer; taken modulo 360 and expected to be a multiple of 90. Call it
     // before drawing: the pixels drawn so far keep their places.
     void setCanvasRotation(int rotation);
+    // A text helper of an earlier picture keeps the glyphs it made ready for the same font and
+    // size; setFont and setFontSize then leave them.
+    void lendTextHelper(std::unique_ptr<PFontDrawHelper> helper);
+    std::unique_ptr<PFontDrawHelper> returnTextHelper();
     void setFont(const PFontInfo& font);
     void setFontSize(unsigned size);
 

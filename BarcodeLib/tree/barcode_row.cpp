@@ -1,5 +1,7 @@
 #include "BarcodeLib/tree/barcode_row.h"
 
+#include "BarcodeLib/tree/barcode_canvas.h"
+
 namespace BarcodeVelko {
 
 unsigned BarcodeRow::getWidth() const {
@@ -18,8 +20,28 @@ unsigned BarcodeRow::getMinHeight() const {
     return maxOf(&AbstractBarcodeElement::getMinHeight);
 }
 
+// A row of runs of one height is the same line of pixels from top to bottom.
 void BarcodeRow::draw(BarcodeCanvas* canvas) {
+    const unsigned height = canvas ? runsHeight() : 0;
+    if (height > 1 && canvas->beginBand(height)) {
+        drawInLine(canvas, Direction::Across);
+        canvas->endBand(getWidth());
+        return;
+    }
     drawInLine(canvas, Direction::Across);
+}
+
+unsigned BarcodeRow::runsHeight() const {
+    if (children.empty()) {
+        return 0;
+    }
+    const unsigned height = children.front()->getHeight();
+    for (const AbstractBarcodeElement* child : children) {
+        if (!child->isRun() || child->getHeight() != height) {
+            return 0;
+        }
+    }
+    return height;
 }
 
 }  // namespace BarcodeVelko

@@ -12,6 +12,10 @@ public:
     unsigned getMinWidth() const override;
     unsigned getMinHeight() const override;
     void draw(BarcodeCanvas* canvas) override;
+
+private:
+    // The height of every child when all are runs of one height; 0 otherwise.
+    unsigned runsHeight() const;
 };
 
 }  // namespace BarcodeVelko

@@ -15,6 +15,7 @@ public:
     void draw(BarcodeCanvas* canvas) override;
     unsigned getWidth() const override;
     unsigned getMinWidth() const override;
+    bool isRun() const override { return false; }
 
     // A new zero-ended copy, freed by the caller with delete[].
     virtual wchar_t* getText() const;

@@ -262,6 +262,10 @@ unsigned int PFontDrawHelper::fontSize() const {
     return d->fontSize;
 }
 
+const PFontInfo& PFontDrawHelper::font() const {
+    return d->font;
+}
+
 void PFontDrawHelper::setBackgroundBrush(unsigned int color) {
     if (color != d->brush) {
         d->brush = color;

@@ -28,6 +28,7 @@ public:
     bool setFont(const PFontInfo& font);
     bool setFontSize(unsigned int size);
     unsigned int fontSize() const;
+    const PFontInfo& font() const;
     void setBackgroundBrush(unsigned int color);
     void setPen(unsigned int color);
     // Glyph cells always carry the background brush; kept for the callers that ask for it.

@@ -30,6 +30,12 @@ bool PAbstractPaintDevice::copyRect(int, int, unsigned, unsigned, int, int) {
     return false;
 }
 
+void PAbstractPaintDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
+    for (unsigned i = 0; i < count; ++i) {
+        setPixel(x + static_cast<int>(i), y, loadPixel(pixels + 4 * i, 4));
+    }
+}
+
 bool PAbstractPaintDevice::clip(int& x, int& y, unsigned& width, unsigned& height,
                                 unsigned deviceWidth, unsigned deviceHeight) {
     const long long left = std::max<long long>(x, 0);

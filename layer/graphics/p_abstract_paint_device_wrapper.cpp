@@ -43,6 +43,13 @@ bool PAbstractPaintDeviceWrapper::copyRect(int x, int y, unsigned width, unsigne
     return wrapped && wrapped->copyRect(x, y, width, height, toX, toY);
 }
 
+void PAbstractPaintDeviceWrapper::putRow(int x, int y, const unsigned char* pixels,
+                                         unsigned count) {
+    if (wrapped) {
+        wrapped->putRow(x, y, pixels, count);
+    }
+}
+
 unsigned char* PAbstractPaintDeviceWrapper::pixelData() {
     return wrapped ? wrapped->pixelData() : nullptr;
 }

@@ -1,6 +1,7 @@
 #include "layer/graphics/p_image.h"
 
 #include <algorithm>
+#include <cstring>
 
 struct PImagePrivate {
     PByteArray pixels;
@@ -122,6 +123,18 @@ bool PImage::copyRect(int x, int y, unsigned width, unsigned height, int toX, in
     return count != 0 && d->pixels.size() == count * d->bytesPerPixel &&
            copyRows(pixelData(), d->pitch, d->bytesPerPixel, d->width, d->height, x, y, width,
                     height, toX, toY);
+}
+
+void PImage::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
+    const unsigned long long size = static_cast<unsigned long long>(d->width) * d->height;
+    int left = x;
+    unsigned height = 1;
+    if (size == 0 || d->pixels.size() != size * d->bytesPerPixel || d->bytesPerPixel != 4 ||
+        !clip(left, y, count, height, d->width, d->height)) {
+        return;
+    }
+    std::memcpy(pixelData() + static_cast<size_t>(y) * d->pitch + static_cast<size_t>(left) * 4,
+                pixels + 4 * static_cast<size_t>(left - x), 4 * static_cast<size_t>(count));
 }
 
 unsigned char* PImage::pixelData() {

@@ -117,3 +117,7 @@ unsigned char* PPaintDevice::pixelData() {
 const unsigned char* PPaintDevice::pixelData() const {
     return d->buffer;
 }
+
+void PPaintDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
+    PAbstractPaintDevice::putRow(x, y, pixels, count);
+}

@@ -164,3 +164,7 @@ const unsigned char* PPaintDeviceAlias::pixelData() const {
 PAbstractPaintDevice* PPaintDeviceAlias::device() {
     return d->target ? d->target->device() : this;
 }
+
+void PPaintDeviceAlias::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
+    PAbstractPaintDevice::putRow(x, y, pixels, count);
+}

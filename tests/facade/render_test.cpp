@@ -262,6 +262,84 @@ TEST(RenderTest, RemovingTheBackgroundNeedsAnEarlierTree) {
     EXPECT_EQ(second.height, 100u);
 }
 
+// A tree taken again, from the value's write or from the type search, and a picture's sizes put
+// back into it, must draw what a tree generated anew draws; and the measures of the sized tree
+// must read as they did.
+TEST(RenderTest, ATreeTakenAgainDrawsAsOneGeneratedAnew) {
+    const struct {
+        bool search;
+        unsigned type;
+        const wchar_t* value;
+        unsigned rotation;
+    } cases[] = {{true, 1, L"4601234567893", 0},          {true, 2, L"abc-123", 180},
+                 {false, 16, L"https://example.com", 90}, {false, 5, L"Code16k", 270},
+                 {false, 17, L"(01)04600822901507", 0},   {false, 6, L"PDF417 example", 0}};
+    const auto setUp = [](BarcodeFacade2& facade, const auto& c) {
+        facade.setColumnCount(400);
+        facade.setRowCount(300);
+        facade.setCanvasRotation(c.rotation);
+        facade.setCodeAuto(c.search);
+        if (!c.search) {
+            facade.setCodeType(c.type);
+        }
+        facade.setCodeValue(c.value);
+    };
+    for (const auto& c : cases) {
+        BarcodeFacade2 facade;
+        setUp(facade, c);
+        EXPECT_EQ(facade.getCodeType(), c.type);
+        const Picture first = VelkoTest::render(facade);
+        const unsigned minWidth = facade.getCodeMinWidth();
+        const unsigned minHeight = facade.getCodeMinHeight();
+        const Picture again = VelkoTest::render(facade);
+        // A setting that generation reads, changed and put back, makes it generate anew.
+        const unsigned ecl = facade.getECL();
+        facade.setECL(ecl == 1 ? 2 : 1);
+        facade.getCodeMinWidth();
+        VelkoTest::render(facade);
+        facade.setECL(ecl);
+        const Picture anew = VelkoTest::render(facade);
+        EXPECT_EQ(first.rgba, anew.rgba) << c.type;
+        EXPECT_EQ(again.rgba, anew.rgba) << c.type;
+        EXPECT_EQ(facade.getCodeMinWidth(), minWidth) << c.type;
+        EXPECT_EQ(facade.getCodeMinHeight(), minHeight) << c.type;
+        // The same value written again measures as generated, not as drawn.
+        BarcodeFacade2 fresh;
+        setUp(fresh, c);
+        facade.setCodeValue(c.value);
+        EXPECT_EQ(facade.getCodeMinWidth(), fresh.getCodeMinWidth()) << c.type;
+        EXPECT_EQ(facade.getCodeMinHeight(), fresh.getCodeMinHeight()) << c.type;
+        EXPECT_EQ(VelkoTest::render(facade).rgba, anew.rgba) << c.type;
+    }
+}
+
+// Scanlines deflated in one pass: lines that repeat the line above, in runs longer than a match,
+// runs within a line, lines of their own, in small and large pictures of one and two colours.
+TEST(PngStep, RepeatedLinesAndRunsComeBackExactly) {
+    const struct {
+        unsigned width;
+        unsigned height;
+        unsigned newLineEvery;
+    } cases[] = {{21, 15, 1}, {150, 100, 40}, {4000, 3, 2}, {1000, 600, 250}, {997, 300, 1}};
+    const unsigned char white[4] = {255, 255, 255, 255};
+    const unsigned char black[4] = {0, 0, 0, 255};
+    for (const auto& c : cases) {
+        std::vector<unsigned char> pixels;
+        for (unsigned y = 0; y < c.height; ++y) {
+            const unsigned line = y / c.newLineEvery;
+            for (unsigned x = 0; x < c.width; ++x) {
+                const bool dark = x > c.width / 3 && (x * (line + 3) / 7 + line) % 3 == 0;
+                pixels.insert(pixels.end(), dark ? black : white, (dark ? black : white) + 4);
+            }
+        }
+        int error = -1;
+        const Picture back = VelkoTest::decodePng(
+            BarcodeVelko::DM2PNG32(pixels.data(), c.width, c.height, 4, &error));
+        EXPECT_EQ(error, 0) << c.width;
+        EXPECT_EQ(back.rgba, pixels) << c.width << " x " << c.height;
+    }
+}
+
 // Pictures of few colours go out as palettes of 1 to 8 bits, others as RGBA; either way every
 // byte, alpha included, must come back as it went in, also in rows that end mid-byte.
 TEST(PngStep, KeepsEveryPixelWhateverTheNumberOfColours) {

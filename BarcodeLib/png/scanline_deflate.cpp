@@ -1,0 +1,229 @@
+#include "BarcodeLib/png/scanline_deflate.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace BarcodeVelko {
+
+namespace {
+
+constexpr std::size_t kMinMatch = 3;
+constexpr std::size_t kMaxMatch = 258;
+constexpr unsigned kEndOfBlock = 256;
+constexpr unsigned kFirstLengthSymbol = 257;
+constexpr unsigned kAdlerModulus = 65521;
+// Bytes that an Adler-32 sum takes before its 32-bit sums could overflow.
+constexpr std::size_t kAdlerRun = 5552;
+
+struct CodeRange {
+    unsigned base;
+    unsigned extraBits;
+};
+
+// Deflate's length and distance codes (RFC 1951, 3.2.5).
+constexpr CodeRange kLengths[] = {
+    {3, 0},  {4, 0},  {5, 0},  {6, 0},   {7, 0},   {8, 0},   {9, 0},   {10, 0},  {11, 1}, {13, 1},
+    {15, 1}, {17, 1}, {19, 2}, {23, 2},  {27, 2},  {31, 2},  {35, 3},  {43, 3},  {51, 3}, {59, 3},
+    {67, 4}, {83, 4}, {99, 4}, {115, 4}, {131, 5}, {163, 5}, {195, 5}, {227, 5}, {258, 0}};
+constexpr CodeRange kDistances[] = {{1, 0},     {2, 0},     {3, 0},      {4, 0},      {5, 1},
+                                    {7, 1},     {9, 2},     {13, 2},     {17, 3},     {25, 3},
+                                    {33, 4},    {49, 4},    {65, 5},     {97, 5},     {129, 6},
+                                    {193, 6},   {257, 7},   {385, 7},    {513, 8},    {769, 8},
+                                    {1025, 9},  {1537, 9},  {2049, 10},  {3073, 10},  {4097, 11},
+                                    {6145, 11}, {8193, 12}, {12289, 12}, {16385, 13}, {24577, 13}};
+
+// The last range whose base is at most value.
+template <std::size_t N>
+unsigned rangeOf(const CodeRange (&ranges)[N], unsigned value) {
+    unsigned index = 0;
+    while (index + 1 < N && ranges[index + 1].base <= value) {
+        ++index;
+    }
+    return index;
+}
+
+class BitWriter {
+public:
+    explicit BitWriter(std::vector<unsigned char>& out) : out(out) {}
+
+    // Deflate packs numbers from their low bit, Huffman codes from their high bit.
+    void number(unsigned value, unsigned bits) {
+        buffer |= static_cast<std::uint64_t>(value) << count;
+        count += bits;
+        while (count >= 8) {
+            out.push_back(static_cast<unsigned char>(buffer));
+            buffer >>= 8;
+            count -= 8;
+        }
+    }
+
+    void flush() {
+        if (count > 0) {
+            out.push_back(static_cast<unsigned char>(buffer));
+        }
+        buffer = 0;
+        count = 0;
+    }
+
+private:
+    std::vector<unsigned char>& out;
+    std::uint64_t buffer = 0;
+    unsigned count = 0;
+};
+
+constexpr unsigned kSymbols = 288;
+
+struct FixedCode {
+    // Bit-reversed, as the writer puts it out.
+    unsigned short bits[kSymbols];
+    unsigned char lengths[kSymbols];
+};
+
+constexpr unsigned reversed(unsigned value, unsigned length) {
+    unsigned result = 0;
+    for (unsigned i = 0; i < length; ++i) {
+        result = (result << 1) | ((value >> i) & 1u);
+    }
+    return result;
+}
+
+// The fixed literal and length code (RFC 1951, 3.2.6).
+constexpr FixedCode makeFixedCode() {
+    FixedCode code{};
+    for (unsigned value = 0; value < kSymbols; ++value) {
+        unsigned bits = 0;
+        unsigned length = 0;
+        if (value < 144) {
+            bits = 0x30 + value;
+            length = 8;
+        } else if (value < 256) {
+            bits = 0x190 + value - 144;
+            length = 9;
+        } else if (value < 280) {
+            bits = value - 256;
+            length = 7;
+        } else {
+            bits = 0xC0 + value - 280;
+            length = 8;
+        }
+        code.bits[value] = static_cast<unsigned short>(reversed(bits, length));
+        code.lengths[value] = static_cast<unsigned char>(length);
+    }
+    return code;
+}
+
+constexpr FixedCode kFixedCode = makeFixedCode();
+
+void symbol(BitWriter& writer, unsigned value) {
+    writer.number(kFixedCode.bits[value], kFixedCode.lengths[value]);
+}
+
+void match(BitWriter& writer, unsigned length, unsigned distance) {
+    const unsigned lengthIndex = rangeOf(kLengths, length);
+    symbol(writer, kFirstLengthSymbol + lengthIndex);
+    writer.number(length - kLengths[lengthIndex].base, kLengths[lengthIndex].extraBits);
+    const unsigned distanceIndex = rangeOf(kDistances, distance);
+    writer.number(reversed(distanceIndex, 5), 5);
+    writer.number(distance - kDistances[distanceIndex].base, kDistances[distanceIndex].extraBits);
+}
+
+std::size_t matchLength(const unsigned char* data, std::size_t at, std::size_t size,
+                        std::size_t distance) {
+    if (at < distance) {
+        return 0;
+    }
+    const std::size_t limit = std::min(kMaxMatch, size - at);
+    std::size_t length = 0;
+    while (length < limit && data[at + length] == data[at + length - distance]) {
+        ++length;
+    }
+    return length;
+}
+
+// Lines that repeat the line above from this one on, as one copy from a line back.
+std::size_t copyRepeatedLines(BitWriter& writer, const unsigned char* data, std::size_t at,
+                              std::size_t size, std::size_t lineBytes) {
+    std::size_t total = 0;
+    while (at + total >= lineBytes && at + total + lineBytes <= size &&
+           std::memcmp(data + at + total, data + at + total - lineBytes, lineBytes) == 0) {
+        total += lineBytes;
+    }
+    std::size_t left = total;
+    while (left >= kMinMatch) {
+        std::size_t length = std::min(left, kMaxMatch);
+        // The last piece must still be long enough for a match.
+        if (left - length > 0 && left - length < kMinMatch) {
+            length = left - kMinMatch;
+        }
+        match(writer, static_cast<unsigned>(length), static_cast<unsigned>(lineBytes));
+        left -= length;
+    }
+    for (std::size_t i = total - left; i < total; ++i) {
+        symbol(writer, data[at + i]);
+    }
+    return total;
+}
+
+std::uint32_t adler32(const unsigned char* data, std::size_t size) {
+    std::uint32_t low = 1;
+    std::uint32_t high = 0;
+    while (size > 0) {
+        const std::size_t run = std::min(size, kAdlerRun);
+        for (std::size_t i = 0; i < run; ++i) {
+            low += data[i];
+            high += low;
+        }
+        low %= kAdlerModulus;
+        high %= kAdlerModulus;
+        data += run;
+        size -= run;
+    }
+    return (high << 16) | low;
+}
+
+}  // namespace
+
+std::vector<unsigned char> ScanlineDeflate::compress(const std::vector<unsigned char>& lines,
+                                                     std::size_t lineBytes) {
+    std::vector<unsigned char> out;
+    out.reserve(lines.size() / 8 + 64);
+    // zlib: deflate with a 32 KB window, no dictionary, the check bits of that.
+    out.push_back(0x78);
+    out.push_back(0x01);
+    BitWriter writer(out);
+    writer.number(1, 1);  // the last block
+    writer.number(1, 2);  // of fixed codes
+    const unsigned char* data = lines.data();
+    const std::size_t size = lines.size();
+    std::size_t at = 0;
+    while (at < size) {
+        if (at % lineBytes == 0) {
+            at += copyRepeatedLines(writer, data, at, size, lineBytes);
+            if (at == size) {
+                break;
+            }
+        }
+        const std::size_t above = matchLength(data, at, size, lineBytes);
+        // A repeated line needs no second look.
+        const std::size_t before = above < kMaxMatch ? matchLength(data, at, size, 1) : 0;
+        const std::size_t length = std::max(above, before);
+        if (length >= kMinMatch) {
+            match(writer, static_cast<unsigned>(length),
+                  static_cast<unsigned>(above >= before ? lineBytes : 1));
+            at += length;
+        } else {
+            symbol(writer, data[at]);
+            ++at;
+        }
+    }
+    symbol(writer, kEndOfBlock);
+    writer.flush();
+    const std::uint32_t check = adler32(data, size);
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        out.push_back(static_cast<unsigned char>(check >> shift));
+    }
+    return out;
+}
+
+}  // namespace BarcodeVelko
