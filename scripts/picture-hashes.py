@@ -3,6 +3,7 @@
 
 Run before and after a change to the drawing or the PNG step: the two lists must be the same.
     scripts/picture-hashes.py build/tools/cli/velko-barcode > before.txt
+With --bytes the PNG files themselves are hashed, for a change that must not move a byte.
 """
 import hashlib
 import struct
@@ -83,7 +84,8 @@ def rgba_pixels(png):
 
 
 def main():
-    tool = sys.argv[1]
+    whole_files = "--bytes" in sys.argv[1:]
+    tool = [arg for arg in sys.argv[1:] if arg != "--bytes"][0]
     with tempfile.TemporaryDirectory() as folder:
         path = folder + "/p.png"
         for width, height, colours in VARIANTS:
@@ -92,10 +94,11 @@ def main():
                     subprocess.run([tool, "-q", "-t", str(code_type), "-s", f"Width={width}",
                                     "-s", f"Height={height}", "-s", f"CanvasRotation={rotation}",
                                     *[arg for c in colours for arg in ("-s", c)], "-o", path],
-                                   check=False)
+                                   check=False, stderr=subprocess.DEVNULL)
                     with open(path, "rb") as file:
-                        w, h, pixels = rgba_pixels(file.read())
-                    digest = hashlib.sha256(pixels).hexdigest()[:16]
+                        png = file.read()
+                    w, h, pixels = rgba_pixels(png)
+                    digest = hashlib.sha256(png if whole_files else pixels).hexdigest()[:16]
                     print(f"{width}x{height}{'c' if colours else ''} rot {rotation:3} type {code_type:2}: {w}x{h} {digest}")
 
 
