@@ -115,13 +115,6 @@ TEST(StrategyDataMatrix, BrokenCallsThrow) {
     StrategyDataMatrix strategy(3);
     EXPECT_THROW(strategy.setScheme(7), BarcodeException::Unexpected);
     EXPECT_EQ(strategy.scheme(), 3);
-    std::wstring text;
-    AbstractBarcodeElement* root = nullptr;
-    EXPECT_THROW(strategy.generate(L"x", nullptr, 0, 0, true, 9, 9, 1, 0, text),
-                 BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.generate(nullptr, &root, 0, 0, true, 9, 9, 1, 0, text),
-                 BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.sizeVisitor(nullptr, 9, 9, 1, 30, 1, 1), BarcodeException::Unexpected);
     VisitorDataMatrix visitor(100, 100, 10, 10);
     EXPECT_THROW(visitor.visit(static_cast<BarcodeBar*>(nullptr)), BarcodeException::Unexpected);
 }

@@ -228,12 +228,6 @@ TEST(PDF417Strategy, RefusalsAndBrokenCalls) {
     EXPECT_FALSE(generate(L"A", 0, 0, 0));
     EXPECT_TRUE(generate(L"A", 0, 0, 1));
 
-    std::wstring text;
-    EXPECT_THROW(strategy.generate(L"x", nullptr, 0, 0, true, 0, 0, 1, 0, text),
-                 BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.checkRaw(nullptr), BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.sizeVisitor(nullptr, 100, 100, 10, 30, 1, 4),
-                 BarcodeException::Unexpected);
     BarcodeBar bare(1, 1, false, false);
     EXPECT_THROW(VisitorSizePDF417(100, 100, 1, 4).visit(&bare), BarcodeException::Unexpected);
 }
