@@ -57,6 +57,7 @@ TEST(BarcodeExceptions, EachCarriesItsSystemCodeAndItsSlotInEitherLanguage) {
     checkMessages<Unexpected>(0x8000FFFF, &S::eiUnexpected);
     checkMessages<FontWrongValue>(0x80070057, &S::eiFontWrongValue);
     checkMessages<TextAlignWrongValue>(0x80070057, &S::eiTextAlignWrongValue);
+    checkMessages<TextPositionWrongValue>(0x80070057, &S::eiTextPositionWrongValue);
     checkMessages<CodeType2WrongValue>(0x80070057, &S::eiCodeType2WrongValue);
     checkMessages<ECLWrongValue>(0x80070057, &S::eiECLWrongValue);
     checkMessages<ImagickMagickNoInit>(0x80070057, &S::eiImagickMagickNoInit);

@@ -47,14 +47,15 @@ TEST(LoggingKit, LogsPrefixesSleepsAndNames) {
     EXPECT_FALSE(PLogger(std::string("/nonexistent-dir/log.txt")).isOpened());
     std::ostringstream out;
     PLogger logger(&out);
-    logger << static_cast<short>(-1) << 2u << 3.5 << true << std::string("|");
+    logger << static_cast<short>(-1) << 2u << 4 << 3.5 << true << std::string("|");
     EXPECT_EQ(logger.addNote("%s=%d", "n", 42), 4);
     PLogger* previous = pInstallDebugLogger(&logger);
     pDebugMessageHandler()({DebugMessageContext::Debug, 3}, "d");
     pDebugMessageHandler()({DebugMessageContext::Warning, 3}, "w");
     pDebugMessageHandler()({DebugMessageContext::Fatal, -1}, "f");
+    pDebugMessageHandler()({7, 1}, "of no kind");
     EXPECT_EQ(pInstallDebugLogger(previous), &logger);
-    EXPECT_EQ(out.str(), "-123.51|n=42[D(3)]d\n[W]w\n[F]f\n");
+    EXPECT_EQ(out.str(), "-1243.51|n=42[D(3)]d\n[W]w\n[F]f\n");
 
     PCurrentThread::sleep(1);
     PCurrentThread::mSleep(1);

@@ -164,21 +164,6 @@ TEST(Code128Values, LatchOnlySetChoice) {
     }
 }
 
-TEST(Code128Tree, TextUnderTheBars) {
-    StrategyCode128 strategy;
-    std::wstring codeText;
-    const auto root = VelkoTest::build(strategy, L"ab12cd", 3, &codeText);
-    ASSERT_TRUE(root);
-    EXPECT_EQ(codeText, L"ab12cd");
-    // The bars themselves are read back in Code128Scan.
-    const auto leaves = VelkoTest::leavesOf(root.get());
-    EXPECT_EQ(root->getMinWidth(), 112u);
-    EXPECT_EQ(VelkoTest::textRowOf(leaves), "T110:ab12cd");
-    EXPECT_TRUE(std::none_of(leaves.begin(), leaves.end(), [](const VelkoTest::Leaf& leaf) {
-        return leaf.last || leaf.control;
-    }));
-}
-
 TEST(Code128Tree, RefusesWithoutATree) {
     StrategyCode128 strategy;
     for (const wchar_t* input : {L"", L"\x80", L"abc\xff", L"\x41f\x440\x438"}) {

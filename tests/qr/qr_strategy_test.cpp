@@ -41,36 +41,6 @@ std::string scanQR(const VelkoTest::Picture& picture) {
 
 }  // namespace
 
-TEST(StrategyQR, TreeIsTheScaledMatrixOneRowPerPixelLine) {
-    const auto root = generate(100, 150);
-    ASSERT_TRUE(root);
-    EXPECT_EQ(root->getMinWidth(), 87u);
-    EXPECT_EQ(root->getMinHeight(), 87u);
-    EXPECT_EQ(root->getWidth(), 87u);
-    EXPECT_EQ(root->getHeight(), 87u);
-
-    std::unique_ptr<BitmapMatrix> matrix;
-    ASSERT_TRUE(QRcode::generateQRBitmapMatrix("QR example", LevelM, 100, matrix, false));
-    std::string expected;
-    for (int y = 0; y < 87; ++y) {
-        for (int x = 0; x < 87; ++x) {
-            expected += matrix->getColor(x, y) == ColorBlack ? '1' : '0';
-        }
-    }
-    const auto leaves = VelkoTest::leavesOf(root.get());
-    EXPECT_EQ(VelkoTest::modules(leaves, [](const VelkoTest::Leaf&) { return true; }), expected);
-    unsigned x = 0;
-    unsigned lastRects = 0;
-    for (const VelkoTest::Leaf& leaf : leaves) {
-        EXPECT_NE(leaf.kind, 'T');
-        EXPECT_LE(x % 87 + leaf.modules, 87u) << "a run crosses the end of a line at " << x;
-        x += leaf.modules;
-        lastRects += leaf.last;
-    }
-    EXPECT_EQ(lastRects, 1u);
-    EXPECT_TRUE(leaves.back().last);
-}
-
 TEST(StrategyQR, SideIsTheSmallerOfFirstAndSecond) {
     // Version 1 with its quiet zone is 29 modules a side; 0: refused.
     const struct {

@@ -8,7 +8,6 @@
 
 #include "BarcodeLib/errors/barcode_exception.h"
 #include "BarcodeLib/linear/strategy_code39.h"
-#include "BarcodeLib/linear/visitor_size_code_x.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/tree/abstract_barcode_visitor.h"
 #include "BarcodeLib/tree/barcode_bar.h"
@@ -150,39 +149,6 @@ TEST(Tree, RefusesBrokenCallsWithTheRightException) {
     BarcodeColumn column;
     buildSymbol(column, "0", 1);
     EXPECT_EQ(thrownCode([&] { column.visit(&throwing); }), unexpected);
-}
-
-TEST(Tree, SizeVisitorGivesWholeModulesAndPixelHeights) {
-    struct Case {
-        unsigned canvasWidth, canvasHeight, fontSize;
-        unsigned moduleWidth, barHeight, textWidth;
-    };
-    // 10 modules of bars under a text of 12, which doesn't count before it has a height.
-    const Case cases[] = {
-        {35, 100, 10, 3, 90, 36},  // the remainder of the width is not spread
-        {5, 100, 10, 1, 90, 12},   // narrower than the symbol: still one pixel a module
-        {40, 100, 0, 4, 100, 0},   // invisible text: no text, the bars take the height
-        {40, 8, 10, 4, 0, 48},     // text taller than the canvas
-    };
-    for (const Case& c : cases) {
-        BarcodeColumn column;
-        buildSymbol(column, "1101000111", 12);
-        VisitorSizeCodeX visitor(column.getMinWidth(), column.getMinHeight(), c.canvasWidth,
-                                 c.canvasHeight, c.fontSize, 30);
-        column.visit(&visitor);
-        auto* imp = new RecordingCanvasImp;
-        BarcodeCanvas canvas(imp);
-        column.draw(&canvas);
-        ASSERT_EQ(imp->calls.size(), 6u);
-        for (const auto& call : imp->calls) {
-            const bool text = call.kind == 't';
-            EXPECT_EQ(call.height, text ? c.fontSize : c.barHeight) << c.canvasWidth;
-            EXPECT_EQ(call.width % c.moduleWidth, 0u) << c.canvasWidth;
-        }
-        EXPECT_EQ(imp->calls.back().width, c.textWidth) << c.canvasWidth;
-        EXPECT_EQ(imp->calls.front().width, 2 * c.moduleWidth) << c.canvasWidth;
-        EXPECT_EQ(column.getWidth(), std::max(10 * c.moduleWidth, c.textWidth));
-    }
 }
 
 TEST(Tree, DrawPlacesEachLeafAndLeavesThePenWhereItWas) {
