@@ -5,7 +5,6 @@
 
 #include "BarcodeLib/code16k/strategy_code16k.h"
 #include "BarcodeLib/errors/barcode_exception.h"
-#include "BarcodeLib/facade/code_types.h"
 #include "BarcodeLib/tree/abstract_barcode_visitor.h"
 #include "BarcodeLib/tree/barcode_bar.h"
 #include "tests/code16k/code16k_reader.h"
@@ -137,7 +136,6 @@ TEST(Code16k, Refusals) {
     }
     std::vector<unsigned> values;
     EXPECT_THROW(StrategyCode16k::parseMessage(nullptr, values), BarcodeException::Unexpected);
-    EXPECT_THROW(code16k.checkRaw(nullptr), BarcodeException::Unexpected);
     std::wstring check = L"?";
     EXPECT_TRUE(code16k.calcCheckSymbol(L"Code16k", check));
     EXPECT_EQ(check, L"");
@@ -182,29 +180,6 @@ TEST(Code16k, TreeAndScale) {
     BarcodeBar orphan(1, 1, false, false);
     EXPECT_THROW(visitor->visit(&orphan), BarcodeException::Unexpected);  // no row count
     EXPECT_THROW(visitor->visit(static_cast<BarcodeBar*>(nullptr)), BarcodeException::Unexpected);
-    EXPECT_THROW(code16k.sizeVisitor(nullptr, 400, 400, 0, 0, 1, 1), BarcodeException::Unexpected);
-    EXPECT_THROW(code16k.generate(L"1", nullptr, 0, 0, true, 0, 0, 0, 0, codeText),
-                 BarcodeException::Unexpected);
-}
-
-TEST(Code16k, DemoAtItsDemoSize) {
-    const CodeTypeRow& row = g_codeTypes[kCodeType];
-    const Code16kTest::Reading reading = Code16kTest::read(
-        VelkoTest::draw(kCodeType, code16k.getDemoValue(), row.demoWidth, row.demoHeight));
-    EXPECT_EQ(reading.error, "");
-    EXPECT_EQ(reading.text, "Code16k");
-}
-
-TEST(Code16k, ReadsInEveryRotation) {
-    for (unsigned rotation : {90u, 180u, 270u}) {
-        VelkoTest::Picture picture =
-            VelkoTest::draw(kCodeType, L"Rot\tated 2024", kWidth, kHeight, rotation);
-        // Turned back upright: a quarter turn clockwise for each quarter it is short of a turn.
-        for (unsigned turn = rotation; turn < 360; turn += 90) {
-            picture = VelkoTest::rotate90(picture);
-        }
-        EXPECT_EQ(Code16kTest::read(picture).text, "Rot\tated 2024") << rotation;
-    }
 }
 
 }  // namespace

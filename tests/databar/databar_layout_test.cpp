@@ -109,55 +109,6 @@ TEST(GS1DatabarExpStackDrawer, RowsSeparatorsAndGuards) {
     EXPECT_EQ(cells(grid(4, 1), 0).substr(132), "1010");
 }
 
-namespace {
-
-// How each data row lays out its part of the one-row symbol, colour for colour: 'f' forward
-// behind the guard, 's' forward one module further in, 'm' mirrored, '?' none of these.
-std::string rowForms(int n, int rows) {
-    const auto stacked = grid(n, rows);
-    const std::string line = cells(grid(n, 1), 0);
-    const int blocks = (n + 2) / 2, perRow = (blocks + rows - 1) / rows;
-    // An even count leaves the last block without its right character.
-    const size_t end = static_cast<size_t>(2 + 49 * blocks - (n % 2 == 0 ? 17 : 0));
-    std::string forms;
-    for (int done = 0, row = 0; done < blocks; done += perRow, row += 4) {
-        const size_t from = static_cast<size_t>(2 + 49 * done);
-        const std::string part = line.substr(from, std::min<size_t>(49 * perRow, end - from));
-        const std::string drawn = cells(stacked, row);
-        const std::string mirrored(part.rbegin(), part.rend());
-        forms += drawn.compare(2, part.size(), part) == 0       ? 'f'
-                 : drawn.compare(3, part.size(), part) == 0     ? 's'
-                 : drawn.compare(2, part.size(), mirrored) == 0 ? 'm'
-                                                                : '?';
-    }
-    return forms;
-}
-
-}  // namespace
-
-// Each element keeps the colour it has in one row, whatever the row count; with an even number
-// of blocks a row the even rows are mirrored, except a last even row of an odd number of blocks
-// short of the others, which reads forward one module further in.
-TEST(GS1DatabarExpStackDrawer, RowsKeepTheColoursOfOneRow) {
-    const struct {
-        int n, rows;
-        const char* forms;
-    } cases[] = {
-        {5, 2, "fs"},       // 3 blocks, the last row the one asked for
-        {21, 7, "fmfmfs"},  // 11 blocks end after 6 rows of 7
-        {13, 6, "fmfs"},    // 7 blocks end after 4 rows of 6
-        {18, 4, "ffff"},    // 10 blocks, 3 a row: the last row short, forward
-        {9, 4, "fmf"},      // 5 blocks end on an odd row
-        {20, 3, "fmf"},     // 11 blocks, 4 a row
-        {14, 2, "fm"},      // 8 blocks, the last one without its right character
-        {15, 2, "fm"},      // 8 whole blocks
-        {21, 11, "fffffffffff"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(rowForms(c.n, c.rows), c.forms) << c.n << " characters in " << c.rows << " rows";
-    }
-}
-
 TEST(StrategyGS1DatabarExpandedStacked, TextLinesTakeWholeElements) {
     const struct {
         std::wstring text;
@@ -174,40 +125,4 @@ TEST(StrategyGS1DatabarExpandedStacked, TextLinesTakeWholeElements) {
         EXPECT_EQ(StrategyGS1DatabarExpandedStacked::SplitText(c.text, c.rows), c.lines)
             << VelkoTest::narrow(c.text) << " on " << c.rows;
     }
-}
-
-TEST(StrategyGS1DatabarExpandedStacked, TreeInModulesOfThePictureSize) {
-    StrategyGS1DatabarExpandedStacked strategy;
-    EXPECT_TRUE(strategy.checkRaw(L"anything"));
-    EXPECT_EQ(strategy.getDefaultTextAlign(), 3u);
-    EXPECT_EQ(std::wstring(strategy.getRawDemoValue()), L"(10)12A");
-
-    // The demo in 150 x 100: 2 rows of 1 block at 1 pixel, 3 separator rows between them.
-    AbstractBarcodeElement* root = nullptr;
-    std::wstring codeText;
-    ASSERT_TRUE(strategy.generate(L"(10)12A", &root, 0, 0, true, 150, 100, 0, 100, codeText));
-    std::unique_ptr<AbstractBarcodeElement> owned(root);
-    EXPECT_EQ(codeText, L"(10)12A");
-    EXPECT_EQ(root->getHeight(), 34u + 3u + 34u);
-    EXPECT_EQ(root->getWidth(), 53u);
-    const auto leaves = VelkoTest::leavesOf(root);
-    EXPECT_EQ(VelkoTest::textsOf(leaves), "(10)12A");
-    unsigned tall = 0;
-    for (const VelkoTest::Leaf& leaf : leaves) {
-        EXPECT_EQ(leaf.modules, leaf.kind == 'T' ? 49u : 1u);
-        tall += leaf.height == 34;
-    }
-    EXPECT_EQ(tall, 2u * 53u);
-
-    // A text the caller set stays; at 3 pixels a module everything grows by 3.
-    codeText = L"mine";
-    ASSERT_TRUE(strategy.generate(L"(10)12A", &root, 0, 0, true, 320, 300, 0, 1, codeText));
-    owned.reset(root);
-    EXPECT_EQ(codeText, L"mine");
-    EXPECT_EQ(root->getWidth(), 3u * 102u);
-    EXPECT_EQ(root->getHeight(), 3u * 34u);
-
-    EXPECT_TRUE(VelkoTest::refuses(strategy, L"A"));
-    EXPECT_FALSE(strategy.generate(L"(10)12A", &root, 0, 0, true, 150, 100, 0, 50, codeText));
-    EXPECT_FALSE(strategy.generate(L"(10)12A", &root, 0, 0, true, 0, 0, 0, 100, codeText));
 }

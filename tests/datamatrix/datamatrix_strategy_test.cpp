@@ -45,39 +45,7 @@ std::vector<std::string> matrixOf(int scheme, const std::wstring& text) {
     return matrixOf(strategy, text);
 }
 
-// Solid left and bottom edges; top and right edges alternate, dark at the top left and the
-// bottom right.
-bool hasFinder(const std::vector<std::string>& m) {
-    const size_t n = m.size();
-    for (size_t i = 0; i < n; ++i) {
-        if (m[i][0] != '1' || m[n - 1][i] != '1' || m[0][i] != "10"[i % 2] ||
-            m[i][n - 1] != "10"[(n - 1 - i) % 2]) {
-            return false;
-        }
-    }
-    return n > 0;
-}
-
 }  // namespace
-
-TEST(StrategyDataMatrix, TreeIsTheSymbolTopRowFirst) {
-    const struct {
-        int scheme;
-        const wchar_t* text;
-        size_t side;
-    } cases[] = {
-        {0, L"A", 10},
-        {0, L"30Q324343430794<OQQ", 16},
-        {1, L"30Q324343430794<OQQ", 20},
-        {4, L"HELLO WORLD 123", 16},
-        {6, L"(01)04600822901507(11)161109(30)2434", 18},
-    };
-    for (const auto& c : cases) {
-        const std::vector<std::string> m = matrixOf(c.scheme, c.text);
-        EXPECT_EQ(m.size(), c.side) << c.scheme;
-        EXPECT_TRUE(hasFinder(m)) << c.scheme << testing::PrintToString(m);
-    }
-}
 
 TEST(StrategyDataMatrix, EachSchemeGivesItsOwnSymbol) {
     for (const wchar_t* text : {L"HELLO WORLD 12345", L"ABCDEFGH"}) {
@@ -115,32 +83,6 @@ TEST(StrategyDataMatrix, BrokenCallsThrow) {
     StrategyDataMatrix strategy(3);
     EXPECT_THROW(strategy.setScheme(7), BarcodeException::Unexpected);
     EXPECT_EQ(strategy.scheme(), 3);
-    std::wstring text;
-    AbstractBarcodeElement* root = nullptr;
-    EXPECT_THROW(strategy.generate(L"x", nullptr, 0, 0, true, 9, 9, 1, 0, text),
-                 BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.generate(nullptr, &root, 0, 0, true, 9, 9, 1, 0, text),
-                 BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.sizeVisitor(nullptr, 9, 9, 1, 30, 1, 1), BarcodeException::Unexpected);
     VisitorDataMatrix visitor(100, 100, 10, 10);
     EXPECT_THROW(visitor.visit(static_cast<BarcodeBar*>(nullptr)), BarcodeException::Unexpected);
-}
-
-// Whole pixels a module, the same both ways, the smaller fit; 1 where the canvas is too small.
-TEST(VisitorDataMatrix, ScaleIsTheSmallerWholeFit) {
-    const struct {
-        unsigned width, height, scale;
-    } cases[] = {
-        {100, 100, 10}, {100, 50, 5}, {50, 100, 5}, {109, 119, 10}, {5, 100, 1}, {100, 5, 1},
-    };
-    for (const auto& c : cases) {
-        StrategyDataMatrix strategy(0);
-        const auto root = VelkoTest::build(strategy, L"A");  // 10 x 10
-        VelkoTest::sizeTree(strategy, root.get(), c.width, c.height, 12);
-        for (const VelkoTest::Leaf& leaf : VelkoTest::leavesOf(root.get())) {
-            ASSERT_EQ(leaf.scaleX, c.scale) << c.width << " x " << c.height;
-            ASSERT_EQ(leaf.height, 1u);
-        }
-        EXPECT_EQ(root->getHeight(), 10 * c.scale);
-    }
 }

@@ -1,5 +1,6 @@
-// The pictures of every older code type's demo value, turned, transparent and coloured, must
-// decode to the very pixels they had before the drawing and the PNG step were made faster.
+// The pictures of every older code type's demo value, and of a few of them turned, transparent
+// and coloured, must decode to the very pixels they had before the drawing and the PNG step were
+// made faster.
 // pixel_hashes.inc holds FNV-1a hashes of the decoded RGBA; run this test with
 // VELKO_PRINT_PIXEL_HASHES=1 to print the table anew after a deliberate change.
 

@@ -130,26 +130,6 @@ TEST(RenderTest, APictureKeepsNothingOfTheOneBefore) {
     }
 }
 
-TEST(RenderTest, Code39ScansBackInEveryRotationAndSize) {
-    // '*' is the reader's start and stop, so it can't be read back from the middle.
-    const std::wstring all = L"-./0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ $%+";
-    const struct {
-        unsigned width, height, rotation;
-    } sizes[] = {
-        {16 * 43 + 31 + 40, 80, 0},  // one pixel a module, with room for the quiet zones
-        {150, 2 * (16 * 43 + 31) + 80, 90},
-        {1600, 400, 180},
-        {80, 2400, 270},
-    };
-    for (const auto& size : sizes) {
-        EXPECT_EQ(
-            VelkoTest::scan(VelkoTest::draw(kCode39, all, size.width, size.height, size.rotation),
-                            ZXing::BarcodeFormat::Code39),
-            VelkoTest::narrow(all))
-            << "rotation " << size.rotation;
-    }
-}
-
 // The light space on each side of the dark pixels, as the logical canvas sees them.
 struct Gaps {
     unsigned top, bottom, left, right;

@@ -131,26 +131,6 @@ TEST(PImageTest, FillRectCoversWhatPlottingCovers) {
     }
 }
 
-TEST(PRectTest, Intersection) {
-    using Rect = PRect<int, int>;
-    const auto box = [](const Rect& r) { return std::tuple(r.x, r.y, r.width, r.height); };
-    const struct {
-        Rect a, b, expected;
-    } cases[] = {
-        {{0, 0, 10, 10}, {10, 0, 5, 5}, {0, 0, 0, 0}},
-        {{0, 0, 10, 10}, {9, 0, 5, 5}, {9, 0, 1, 5}},
-        {{0, 0, 10, 10}, {0, 10, 5, 5}, {0, 0, 0, 0}},
-        {{-5, -3, 10, 10}, {0, 0, 20, 20}, {0, 0, 5, 7}},
-        {{0, 0, 10, 10}, {2, 3, 4, 5}, {2, 3, 4, 5}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(box(c.a.intersection(c.b)), box(c.expected));
-        EXPECT_EQ(box(c.b.intersection(c.a)), box(c.expected));
-    }
-    const PRect<int, unsigned> wide = PRect<int, unsigned>(-4, 0, 10, 1).intersection({0, 0, 3, 1});
-    EXPECT_EQ(wide.width, 3u);
-}
-
 TEST(PPainterTest, DrawImageStartsAtTheImageOriginEvenOffTheDeviceAndCutsOnlyWithTheFlag) {
     // A 10 x 2 image whose pixel values name their column.
     PImage columns(10, 2, colorOf(0));
@@ -236,37 +216,6 @@ TEST(MemoryCanvasTest, BarsAreCutAtTheLogicalEdgeInEveryRotation) {
         canvas.getXYImp(&x, &y);
         EXPECT_EQ(std::pair(x, y), std::pair(200u, 100u)) << rotation;
         EXPECT_EQ(marks(canvas.getImage(), kWhite).size(), 5u * 10u) << rotation;
-    }
-}
-
-// A band repeated from above is the band drawn again, in every rotation; a band whose copy
-// would reach off the canvas is left to be drawn.
-TEST(MemoryCanvasTest, ARepeatedBandIsTheBandAboveAgain) {
-    for (int rotation : {0, 90, 180, 270}) {
-        BarcodeCanvasMemoryImpl drawn(30, 20, kWhite);
-        BarcodeCanvasMemoryImpl copied(30, 20, kWhite);
-        for (BarcodeCanvasMemoryImpl* canvas : {&drawn, &copied}) {
-            canvas->setCanvasRotation(rotation);
-            for (unsigned x : {3u, 7u, 12u}) {
-                canvas->setXYImp(x, 4);
-                canvas->drawBarImp(x / 3, 3, false);
-            }
-            canvas->setXYImp(0, 7);
-        }
-        for (unsigned x : {3u, 7u, 12u}) {
-            drawn.setXYImp(x, 7);
-            drawn.drawBarImp(x / 3, 3, false);
-        }
-        EXPECT_TRUE(copied.repeatBandImp(30, 3)) << rotation;
-        EXPECT_EQ(marks(copied.getImage(), kWhite), marks(drawn.getImage(), kWhite)) << rotation;
-
-        copied.setXYImp(0, 2);
-        EXPECT_FALSE(copied.repeatBandImp(30, 3)) << rotation;
-        copied.setXYImp(1, 7);
-        EXPECT_FALSE(copied.repeatBandImp(30, 3)) << rotation;
-        copied.setXYImp(0, 18);
-        EXPECT_FALSE(copied.repeatBandImp(30, 3)) << rotation;
-        EXPECT_EQ(marks(copied.getImage(), kWhite), marks(drawn.getImage(), kWhite)) << rotation;
     }
 }
 

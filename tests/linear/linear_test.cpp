@@ -3,13 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "BarcodeLib/errors/barcode_exception.h"
-#include "BarcodeLib/linear/strategy_codabar.h"
-#include "BarcodeLib/linear/strategy_code39_ext.h"
 #include "BarcodeLib/linear/strategy_code93.h"
 #include "BarcodeLib/linear/strategy_ean13_addon2.h"
 #include "BarcodeLib/linear/strategy_ean13_addon5.h"
-#include "BarcodeLib/linear/strategy_interleaved2of5.h"
 #include "BarcodeLib/linear/strategy_itf14.h"
 #include "BarcodeLib/linear/strategy_standard2of5.h"
 #include "tests/support/scan_harness.h"
@@ -25,92 +21,11 @@ using ZXing::BarcodeFormat;
 
 namespace {
 
-StrategyCode39Ext code39Ext;
 StrategyCode93 code93;
 StrategyStandard2of5 standard2of5;
-StrategyInterleaved2of5 interleaved2of5;
 StrategyITF14 itf14;
-StrategyCodaBar codaBar;
 StrategyEAN13AddOn2 addOn2;
 StrategyEAN13AddOn5 addOn5;
-
-TEST(LinearStrategies, AcceptAndCheck) {
-    const struct {
-        AbstractBarcodeStrategy* strategy;
-        const wchar_t* text;
-        bool raw;              // checkRaw, and so generate
-        const wchar_t* check;  // calcCheckSymbol; null: refused
-    } cases[] = {
-        {&code39Ext, L"Code39 {~}\x7f", true, L""},  {&code39Ext, L"", false, nullptr},
-        {&code39Ext, L"caf\xe9", false, nullptr},    {&code93, L"\x01 a-Z", true, L""},
-        {&code93, L"\x80", false, nullptr},          {&standard2of5, L"12345", false, L"7"},
-        {&standard2of5, L"123457", true, L"0"},      {&standard2of5, L"123456", false, L"1"},
-        {&standard2of5, L"7", false, L"9"},          {&standard2of5, L"12a4", false, nullptr},
-        {&interleaved2of5, L"12345", false, L"7"},   {&interleaved2of5, L"123456", true, L"1"},
-        {&interleaved2of5, L"12 4", false, nullptr}, {&itf14, L"1123456789012", false, L"5"},
-        {&itf14, L"11234567890125", true, nullptr},  {&itf14, L"11234567890124", false, nullptr},
-        {&codaBar, L"A12345B", true, L""},           {&codaBar, L"D-$:/.+C", true, L""},
-        {&codaBar, L"a1b", false, nullptr},          {&codaBar, L"A1E2B", false, nullptr},
-        {&codaBar, L"A1B2", false, nullptr},         {&addOn2, L"123456789012834", true, L""},
-        {&addOn2, L"123456789012934", false, L""},  // wrong EAN-13 check digit
-        {&addOn2, L"12345678901283x", false, L""},   {&addOn2, L"123456789012", false, L""},
-        {&addOn2, L"12345678901", false, nullptr},   {&addOn5, L"123456789012812345", true, L""},
-        {&addOn5, L"123456789012834", false, L""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::PrintToString(std::wstring(c.text)));
-        EXPECT_EQ(c.strategy->checkRaw(c.text), c.raw);
-        std::wstring check = L"?";
-        EXPECT_EQ(c.strategy->calcCheckSymbol(c.text, check), c.check != nullptr);
-        if (c.check) {
-            EXPECT_EQ(check, c.check);
-        }
-        EXPECT_NE(VelkoTest::refuses(*c.strategy, c.text), c.raw);
-        EXPECT_THROW(c.strategy->checkRaw(nullptr), BarcodeException::Unexpected);
-        std::wstring text;
-        EXPECT_THROW(c.strategy->generate(c.text, nullptr, 0, 0, true, 150, 100, 1, 0, text),
-                     BarcodeException::Unexpected);
-    }
-}
-
-TEST(LinearStrategies, DemoValuesWidthsAndTextAlign) {
-    const struct {
-        AbstractBarcodeStrategy* strategy;
-        unsigned modules;  // the root's minimum width
-        unsigned textAlign;
-        bool refusesTextAlign7;
-    } cases[] = {
-        {&code39Ext, 16 * 9 + 31, 3, false},       // C +O +D +E 3 9: nine Code 39 characters
-        {&code93, 9 * (9 + 2 + 2) + 1, 3, false},  // C +O +D +E 9 3, C and K, start and stop
-        {&standard2of5, 14 * 6 + 15, 0, true},
-        {&interleaved2of5, 7 * 6 + 8, 0, true},
-        {&itf14, 134, 3, true},
-        {&codaBar, 10 + 5 * 9 + 10 + 6, 0, false},  // A and B of 10, five digits of 9, six gaps
-        {&addOn2, 7 + 95 + 7 + 20, 4, true},
-        {&addOn5, 7 + 95 + 7 + 47, 4, true},
-    };
-    for (const auto& c : cases) {
-        const std::wstring raw = c.strategy->getRawDemoValue();
-        SCOPED_TRACE(testing::PrintToString(raw));
-        std::wstring check;
-        ASSERT_TRUE(c.strategy->calcCheckSymbol(c.strategy->getDemoValue(), check));
-        EXPECT_EQ(c.strategy->getDemoValue() + check, raw);
-        EXPECT_EQ(c.strategy->getDefaultTextAlign(), c.textAlign);
-
-        auto root = build(*c.strategy, raw.c_str(), static_cast<int>(c.textAlign));
-        ASSERT_TRUE(root);
-        EXPECT_EQ(root->getMinWidth(), c.modules);
-        // No row is wider than the bars, texts included.
-        sizeTree(*c.strategy, root.get(), c.modules, 100, 10);
-        EXPECT_EQ(root->getWidth(), c.modules);
-
-        // Layout 7, the text switched off, is a wrong value where the text has its own layouts.
-        bool refused = true;
-        EXPECT_EQ(VelkoTest::thrownCode([&] { refused = VelkoTest::refuses(*c.strategy, raw, 7); }),
-                  c.refusesTextAlign7 ? BarcodeException::kInvalidArgumentCode : 0u);
-        EXPECT_EQ(refused, c.refusesTextAlign7);  // a throw leaves it true
-    }
-}
 
 // Written by hand from the published bar widths, not from the library's table: five bars with
 // narrow gaps between them and after them, a wide bar of 3 modules in a digit and of 2 in the
@@ -172,17 +87,6 @@ TEST(Code93, CheckCharactersAndWeightWrap) {
     EXPECT_EQ(build(code93, L"a")->getMinWidth(), 9u * 6 + 1);
 }
 
-// The pairs themselves are read back in LinearScan.FullAsciiReadsBack.
-TEST(Code39Ext, GivenTextUnderThePairs) {
-    const auto leaves = leavesOf(build(code39Ext, L"*$%/+ \x01\x7f", 3).get());
-    EXPECT_EQ(textsOf(leaves), "*$%/+ \x01\x7f");
-}
-
-TEST(CodaBar, GapsBetweenCharacters) {
-    // A, the gap, B.
-    EXPECT_EQ(modules(leavesOf(build(codaBar, L"AB").get())), "101100100101001001011");
-}
-
 TEST(ITF14, BearerFrame) {
     auto root = build(itf14, L"11234567890125", 3);
     const auto leaves = leavesOf(root.get());
@@ -217,22 +121,6 @@ TEST(ITF14, BearerFrame) {
                                    : leaf.control   ? s.bearers
                                                     : s.bars)
                 << s.width << "x" << s.height;
-        }
-    }
-}
-
-TEST(OneRowSizing, BarsTakeTheCanvasLessTheText) {
-    for (AbstractBarcodeStrategy* strategy : std::initializer_list<AbstractBarcodeStrategy*>{
-             &standard2of5, &interleaved2of5, &codaBar, &code93, &code39Ext}) {
-        auto root = build(*strategy, strategy->getRawDemoValue());
-        const unsigned width = root->getMinWidth();
-        for (unsigned fontSize : {0u, 12u}) {
-            sizeTree(*strategy, root.get(), 3 * width + 2, 80, fontSize);
-            for (const Leaf& leaf : leavesOf(root.get())) {
-                EXPECT_EQ(leaf.scaleX, 3u);
-                EXPECT_EQ(leaf.height, leaf.kind == 'T' ? fontSize : 80 - fontSize);
-            }
-            EXPECT_EQ(root->getHeight(), 80u);
         }
     }
 }
@@ -291,17 +179,6 @@ TEST(EanAddOn, ThreeRows) {
         sizeTree(*c.strategy, root.get(), width, 100, 0, 40);
         EXPECT_EQ(root->getHeight(), 100u);
         EXPECT_EQ(root->getWidth(), width);
-    }
-}
-
-TEST(EanAddOn, OnlyAFullLengthTextReplacesTheDigits) {
-    for (const std::wstring given : {L"ABCDEFGHIJKLMNO", L"ABCDEFGHIJKLM"}) {
-        std::wstring codeText = given;
-        const auto root = build(addOn2, L"123456789012834", 0, &codeText);
-        const std::wstring expected = given.size() == 15 ? given : L"123456789012834";
-        EXPECT_EQ(codeText, expected);
-        EXPECT_EQ(textsOf(leavesOf(root.get())).substr(0, 3),
-                  VelkoTest::narrow(expected.substr(13)) + "|");
     }
 }
 

@@ -181,27 +181,6 @@ TEST(PDF417Compaction, SegmentsAndTheirLatches) {
     }
 }
 
-TEST(PDF417Strategy, DemoValueFillsThreeColumnsOfFiveRows) {
-    StrategyPDF417 strategy;
-    unsigned columns = 0;
-    unsigned rows = 0;
-    std::vector<Codewords> symbolRows;
-    ASSERT_TRUE(strategy.convertMessage(L"PDF417 example", columns, rows, 1, symbolRows));
-    EXPECT_EQ(columns, 3u);
-    EXPECT_EQ(rows, 5u);
-    ASSERT_EQ(symbolRows.size(), 5u);
-    EXPECT_EQ(symbolRows[0][1], 11u);  // the length descriptor: itself, 8 text, 2 pads
-    EXPECT_EQ(symbolRows[3][1], 900u);
-    EXPECT_EQ(symbolRows[3][2], 900u);
-    // Row indicators: rows, level and columns by turns, the group number in tens of 30.
-    const unsigned indicators[5][2] = {{1, 2}, {4, 1}, {2, 4}, {31, 32}, {34, 31}};
-    for (unsigned r = 0; r < 5; ++r) {
-        EXPECT_EQ(symbolRows[r].size(), 5u);
-        EXPECT_EQ(symbolRows[r].front(), indicators[r][0]) << r;
-        EXPECT_EQ(symbolRows[r].back(), indicators[r][1]) << r;
-    }
-}
-
 TEST(PDF417Strategy, WishedColumnsAndRowsEachReplaceTheirHalf) {
     const struct {
         int first, second;
@@ -228,12 +207,6 @@ TEST(PDF417Strategy, RefusalsAndBrokenCalls) {
     EXPECT_FALSE(generate(L"A", 0, 0, 0));
     EXPECT_TRUE(generate(L"A", 0, 0, 1));
 
-    std::wstring text;
-    EXPECT_THROW(strategy.generate(L"x", nullptr, 0, 0, true, 0, 0, 1, 0, text),
-                 BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.checkRaw(nullptr), BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.sizeVisitor(nullptr, 100, 100, 10, 30, 1, 4),
-                 BarcodeException::Unexpected);
     BarcodeBar bare(1, 1, false, false);
     EXPECT_THROW(VisitorSizePDF417(100, 100, 1, 4).visit(&bare), BarcodeException::Unexpected);
 }

@@ -24,26 +24,6 @@ BitmapMatrix modules(int n, const std::function<bool(int x, int y)>& black) {
 
 }  // namespace
 
-TEST(QRBitText, VersionIsTheSmallestThatHoldsMessageAndHeader) {
-    struct Case {
-        ErrorCorrectionLevels level;
-        size_t length;
-        short versionIndex;
-    };
-    const Case cases[] = {
-        {LevelL, 0, 0},     {LevelL, 17, 0},    {LevelL, 18, 1},    {LevelL, 230, 8},
-        {LevelL, 231, 9},   {LevelL, 2953, 39}, {LevelL, 2954, -1}, {LevelM, 2331, 39},
-        {LevelM, 2332, -1}, {LevelQ, 1663, 39}, {LevelQ, 1664, -1}, {LevelH, 1273, 39},
-        {LevelH, 1274, -1}, {LevelM, 14, 0},    {LevelM, 15, 1},
-    };
-    for (const Case& c : cases) {
-        const std::string bits = getByteFromInputData(std::string(c.length, 'x').c_str());
-        EXPECT_EQ(getOptimalVersion(c.level, bits), c.versionIndex)
-            << "level " << c.level << ", " << c.length << " bytes";
-    }
-    EXPECT_EQ(getOptimalVersion(LevelM, getByteFromInputData("QR example")), 0);
-}
-
 TEST(QRBitText, BytesHeaderTerminatorAndPad) {
     EXPECT_EQ(getByteFromInputData("A\xFF"), "0100000111111111");
     EXPECT_EQ(getByteFromInputData("ab\0cd"), getByteFromInputData("ab"));

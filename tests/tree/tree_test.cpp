@@ -8,7 +8,6 @@
 
 #include "BarcodeLib/errors/barcode_exception.h"
 #include "BarcodeLib/linear/strategy_code39.h"
-#include "BarcodeLib/linear/visitor_size_code_x.h"
 #include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/tree/abstract_barcode_visitor.h"
 #include "BarcodeLib/tree/barcode_bar.h"
@@ -152,39 +151,6 @@ TEST(Tree, RefusesBrokenCallsWithTheRightException) {
     EXPECT_EQ(thrownCode([&] { column.visit(&throwing); }), unexpected);
 }
 
-TEST(Tree, SizeVisitorGivesWholeModulesAndPixelHeights) {
-    struct Case {
-        unsigned canvasWidth, canvasHeight, fontSize;
-        unsigned moduleWidth, barHeight, textWidth;
-    };
-    // 10 modules of bars under a text of 12, which doesn't count before it has a height.
-    const Case cases[] = {
-        {35, 100, 10, 3, 90, 36},  // the remainder of the width is not spread
-        {5, 100, 10, 1, 90, 12},   // narrower than the symbol: still one pixel a module
-        {40, 100, 0, 4, 100, 0},   // invisible text: no text, the bars take the height
-        {40, 8, 10, 4, 0, 48},     // text taller than the canvas
-    };
-    for (const Case& c : cases) {
-        BarcodeColumn column;
-        buildSymbol(column, "1101000111", 12);
-        VisitorSizeCodeX visitor(column.getMinWidth(), column.getMinHeight(), c.canvasWidth,
-                                 c.canvasHeight, c.fontSize, 30);
-        column.visit(&visitor);
-        auto* imp = new RecordingCanvasImp;
-        BarcodeCanvas canvas(imp);
-        column.draw(&canvas);
-        ASSERT_EQ(imp->calls.size(), 6u);
-        for (const auto& call : imp->calls) {
-            const bool text = call.kind == 't';
-            EXPECT_EQ(call.height, text ? c.fontSize : c.barHeight) << c.canvasWidth;
-            EXPECT_EQ(call.width % c.moduleWidth, 0u) << c.canvasWidth;
-        }
-        EXPECT_EQ(imp->calls.back().width, c.textWidth) << c.canvasWidth;
-        EXPECT_EQ(imp->calls.front().width, 2 * c.moduleWidth) << c.canvasWidth;
-        EXPECT_EQ(column.getWidth(), std::max(10 * c.moduleWidth, c.textWidth));
-    }
-}
-
 TEST(Tree, DrawPlacesEachLeafAndLeavesThePenWhereItWas) {
     // Two rows in a column, the second holding a nested column and a text.
     BarcodeColumn root;
@@ -221,42 +187,6 @@ TEST(Tree, DrawPlacesEachLeafAndLeavesThePenWhereItWas) {
     }
 }
 
-TEST(Code39, AcceptsItsCharacterSetOnly) {
-    const std::pair<const wchar_t*, bool> cases[] = {
-        {L"CODE39", true}, {L"A*B", true},       {L" $%+-./", true}, {L"Code39", false},
-        {L"", false},      {L"AB\u00C4", false}, {L"A_B", false},    {L"A,B", false},
-    };
-    StrategyCode39 strategy;
-    for (const auto& [value, valid] : cases) {
-        std::wstring check = L"stale";
-        EXPECT_EQ(strategy.checkRaw(value), valid) << value;
-        EXPECT_EQ(strategy.calcCheckSymbol(value, check), valid) << value;
-        EXPECT_EQ(check, L"");
-    }
-}
-
-TEST(Code39, TreeOfTheDemoValueIs127ModulesUnderItsText) {
-    StrategyCode39 strategy;
-    const auto root = VelkoTest::build(strategy, strategy.getDemoValue(), 3);
-    ASSERT_EQ(root->getMinWidth(), 127u);
-    // Two pixels a module, and one short of a third.
-    VelkoTest::sizeTree(strategy, root.get(), 127 * 2 + 1, 80, 12);
-    auto* imp = new RecordingCanvasImp;
-    BarcodeCanvas canvas(imp);
-    root->draw(&canvas);
-    ASSERT_EQ(imp->calls.back().kind, 't');
-    EXPECT_EQ(imp->calls.back().text, L"CODE39");
-    EXPECT_EQ(imp->calls.back().width, 254u);
-    EXPECT_EQ(imp->calls.back().height, 12u);
-    unsigned barsWidth = 0;
-    for (size_t i = 0; i + 1 < imp->calls.size(); ++i) {
-        barsWidth += imp->calls[i].width;
-        EXPECT_EQ(imp->calls[i].height, 68u);
-        EXPECT_EQ(imp->calls[i].last, i + 2 == imp->calls.size());
-    }
-    EXPECT_EQ(barsWidth, 254u);
-}
-
 TEST(Code39, KeepsAGivenTextAndRefusesWithoutTouchingIt) {
     StrategyCode39 strategy;
     std::wstring text = L"shown";
@@ -265,8 +195,5 @@ TEST(Code39, KeepsAGivenTextAndRefusesWithoutTouchingIt) {
     EXPECT_TRUE(VelkoTest::refuses(strategy, L"ab", 3));
 
     BarcodeRow row;
-    EXPECT_THROW(strategy.generate(L"AB", nullptr, 3, 0, true, 0, 0, 0, 0, text),
-                 BarcodeException::Unexpected);
-    EXPECT_THROW(strategy.sizeVisitor(nullptr, 1, 1, 1, 1, 1, 1), BarcodeException::Unexpected);
     EXPECT_THROW(StrategyCode39::encodeChar(L'a', &row, false), BarcodeException::Unexpected);
 }
