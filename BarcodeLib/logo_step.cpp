@@ -3,6 +3,8 @@
 #include <lodepng.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <memory>
 
 #include "layer/foundation/p_byte_array.h"
 #include "layer/graphics/p_image.h"
@@ -39,8 +41,44 @@ bool logoPngAcceptable(const unsigned char* png, size_t size) {
     return raw <= kMaxDeflateRatio * size;
 }
 
-void stampLogo(PImage& picture, const PImage& logo, double percent, int x, int y,
-               unsigned rootWidth, unsigned rootHeight) {
+SymbolArea deliveredArea(const SymbolArea& drawn, unsigned canvasWidth, unsigned canvasHeight,
+                         unsigned rotation) {
+    const int w = static_cast<int>(canvasWidth);
+    const int h = static_cast<int>(canvasHeight);
+    const int right = drawn.x + static_cast<int>(drawn.width);
+    const int bottom = drawn.y + static_cast<int>(drawn.height);
+    switch (rotation) {
+        case 90:  // the canvas's left column becomes the picture's top row
+            return {h - bottom, drawn.x, drawn.height, drawn.width};
+        case 180:
+            return {w - right, h - bottom, drawn.width, drawn.height};
+        case 270:  // the canvas's left column becomes the picture's bottom row
+            return {drawn.y, w - right, drawn.height, drawn.width};
+        default:
+            return drawn;
+    }
+}
+
+PImage decodeLogo(const unsigned char* png, size_t size) {
+    if (!png || size == 0 || !logoPngAcceptable(png, size)) {
+        return PImage();
+    }
+    unsigned char* rgba = nullptr;
+    unsigned width = 0;
+    unsigned height = 0;
+    const unsigned error = lodepng_decode32(&rgba, &width, &height, png, size);
+    // LodePNG's C functions allocate with malloc.
+    const std::unique_ptr<unsigned char, decltype(&std::free)> decoded(rgba, &std::free);
+    if (error || !rgba || width == 0 || height == 0) {
+        return PImage();
+    }
+    return PImage(width, height,
+                  PByteArray(rgba, static_cast<unsigned long>(width) * height * kBytesPerPixel));
+}
+
+void stampLogo(PImage& picture, const PImage& logo, double percent, const SymbolArea& symbol) {
+    const unsigned rootWidth = symbol.width;
+    const unsigned rootHeight = symbol.height;
     if (!logo.isValid() || !(percent > 0.0)) {
         return;
     }
@@ -68,8 +106,8 @@ void stampLogo(PImage& picture, const PImage& logo, double percent, int x, int y
     const PImage scaled(newWidth, newHeight, pixels);
     PPainter painter;
     painter.begin(&picture);
-    painter.drawImage(x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2,
-                      y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2,
+    painter.drawImage(symbol.x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2,
+                      symbol.y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2,
                       static_cast<int>(newWidth), static_cast<int>(newHeight), scaled, 0);
 }
 
