@@ -244,61 +244,47 @@ private:
     Compressor compressor;
 };
 
-unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
-    const PooledCompressor pooled(in.size());
+unsigned chunkCrc(const unsigned char* bytes, size_t size) {
+    return libdeflate_crc32(0, bytes, size);
+}
+
+unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
+    const PooledCompressor pooled(inSize);
     libdeflate_compressor* deflater = pooled.get();
     if (!deflater) {
         return kOutOfMemory;
     }
-    out.resize(libdeflate_zlib_compress_bound(deflater, in.size()));
-    const size_t written =
-        libdeflate_zlib_compress(deflater, in.data(), in.size(), out.data(), out.size());
-    if (written == 0) {
-        return kCompressionFailed;
-    }
-    out.resize(written);
-    return 0;
-}
-
-// The same behind LodePNG's hook, for pictures of too many colours for a palette.
-unsigned lodepngZlib(unsigned char** out, size_t* outSize, const unsigned char* in, size_t inSize,
-                     const LodePNGCompressSettings*) {
-    const PooledCompressor pooled(inSize);
-    libdeflate_compressor* deflater = pooled.get();
-    const size_t bound = deflater ? libdeflate_zlib_compress_bound(deflater, inSize) : 0;
-    // LodePNG frees what it is given with free().
-    auto* buffer = static_cast<unsigned char*>(bound ? std::malloc(bound) : nullptr);
+    // Room for the worst case, left as it comes: a large picture deflates to a small fraction
+    // of it, and zeroing it all cost as much as the deflate.
+    const size_t bound = libdeflate_zlib_compress_bound(deflater, inSize);
+    const std::unique_ptr<unsigned char[]> buffer(new (std::nothrow) unsigned char[bound]);
     if (!buffer) {
         return kOutOfMemory;
     }
-    const size_t written = libdeflate_zlib_compress(deflater, in, inSize, buffer, bound);
+    const size_t written = libdeflate_zlib_compress(deflater, in, inSize, buffer.get(), bound);
     if (written == 0) {
-        std::free(buffer);
         return kCompressionFailed;
     }
-    *out = buffer;
-    *outSize = written;
+    out.assign(buffer.get(), buffer.get() + written);
     return 0;
-}
-
-void useFastDeflate(LodePNGCompressSettings& settings) {
-    settings.custom_zlib = lodepngZlib;
 }
 #else
 // Without libdeflate (so on Android unless it is built for it) LodePNG deflates.
-unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
+unsigned chunkCrc(const unsigned char* bytes, size_t size) {
+    return lodepng_crc32(bytes, size);
+}
+
+unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
     unsigned char* buffer = nullptr;
     size_t size = 0;
-    const unsigned code = lodepng_zlib_compress(&buffer, &size, in.data(), in.size(),
-                                                &lodepng_default_compress_settings);
+    const unsigned code =
+        lodepng_zlib_compress(&buffer, &size, in, inSize, &lodepng_default_compress_settings);
     if (code == 0) {
         out.assign(buffer, buffer + size);
     }
     std::free(buffer);
     return code;
 }
-
-void useFastDeflate(LodePNGCompressSettings&) {}
 #endif
 
 void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
@@ -313,17 +299,17 @@ void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned 
     const size_t start = png.size();
     png.insert(png.end(), type, type + 4);
     png.insert(png.end(), data, data + length);
-    putBigEndian(png, lodepng_crc32(&png[start], length + 4));
+    putBigEndian(png, chunkCrc(&png[start], length + 4));
 }
 
 // The PNG around the scanlines: IHDR of the bit depth and colour type, PLTE and tRNS where
 // given, the deflated scanlines, IEND.
-unsigned writePng(std::vector<unsigned char>& png, const std::vector<unsigned char>& lines,
+unsigned writePng(std::vector<unsigned char>& png, const unsigned char* lines, size_t linesSize,
                   unsigned width, unsigned height, unsigned depth, unsigned char colourType,
                   const std::vector<unsigned char>& colours,
                   const std::vector<unsigned char>& transparency) {
     std::vector<unsigned char> compressed;
-    if (const unsigned code = zlibCompress(compressed, lines)) {
+    if (const unsigned code = zlibCompress(compressed, lines, linesSize)) {
         return code;
     }
     static const unsigned char kSignature[8] = {137, 80, 78, 71, 13, 10, 26, 10};
@@ -364,7 +350,8 @@ unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
         }
     }
     alphas.resize(opaqueFrom);
-    return writePng(png, lines, width, height, palette.bitDepth(), 3, colours, alphas);
+    return writePng(png, lines.data(), lines.size(), width, height, palette.bitDepth(), 3, colours,
+                    alphas);
 }
 
 // The grey level, 0 or 1, of a colour that 1-bit grey holds: black or white, opaque or fully
@@ -440,8 +427,49 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
     if (!opaque[0] || !opaque[1]) {
         key = {0, static_cast<unsigned char>(levels[opaque[0] ? 1 : 0])};
     }
-    code = writePng(png, lines, width, height, 1, 0, {}, key);
+    code = writePng(png, lines.data(), lines.size(), width, height, 1, 0, {}, key);
     return true;
+}
+
+// PNG's filters of a scanline, by their numbers.
+constexpr unsigned char kFilterSub = 1;
+constexpr unsigned char kFilterUp = 2;
+constexpr unsigned kTrueColourDepth = 8;
+constexpr unsigned char kTrueColourWithAlpha = 6;
+
+struct FreeDeleter {
+    void operator()(unsigned char* bytes) const { std::free(bytes); }
+};
+
+// A picture of more colours than a palette holds, as a logo on a QR Code makes it, as 8-bit
+// RGBA. A row like the one above, most rows of a symbol, is filtered Up and so all zeros; any
+// other Sub, which leaves runs of one colour as zeros too and a scaled logo's shades small.
+// The scanlines start zeroed from calloc: a large block comes as pages that only the rows
+// written here take up, and deflate reads the rest from the one shared page of zeros.
+unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* pixels,
+                          unsigned width, unsigned height) {
+    const size_t lineBytes = scanlineBytes(width, 4 * kTrueColourDepth);
+    const size_t size = lineBytes * height;
+    const std::unique_ptr<unsigned char, FreeDeleter> lines(
+        static_cast<unsigned char*>(std::calloc(size, 1)));
+    if (!lines) {
+        return kOutOfMemory;
+    }
+    for (unsigned y = 0; y < height; ++y) {
+        const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
+        unsigned char* out = lines.get() + lineBytes * y;
+        if (sameRow(row, width, y)) {
+            *out = kFilterUp;
+            continue;
+        }
+        *out++ = kFilterSub;
+        std::memcpy(out, row, 4);
+        for (size_t at = 4; at < 4 * static_cast<size_t>(width); ++at) {
+            out[at] = static_cast<unsigned char>(row[at] - row[at - 4]);
+        }
+    }
+    return writePng(png, lines.get(), size, width, height, kTrueColourDepth, kTrueColourWithAlpha,
+                    {}, {});
 }
 
 }  // namespace
@@ -451,22 +479,18 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
                                     int* error) {
     std::vector<unsigned char> png;
     unsigned code = kNoInput;
-    if (pixels || width == 0 || height == 0) {
+    if (pixels) {
         Palette palette;
         std::vector<unsigned char> lines;
-        if (pixels && packTwoColours(pixels, width, height, palette, lines)) {
+        if (packTwoColours(pixels, width, height, palette, lines)) {
             if (!encodeGrey(png, palette, lines, width, height, code)) {
                 code = encodePalette(png, palette, lines, width, height);
             }
-        } else if (pixels && findPalette(pixels, width, height, palette)) {
+        } else if (findPalette(pixels, width, height, palette)) {
             code = encodePalette(png, palette, scanlines(pixels, width, height, palette), width,
                                  height);
         } else {
-            lodepng::State state;
-            state.info_raw.colortype = LCT_RGBA;
-            state.info_raw.bitdepth = 8;
-            useFastDeflate(state.encoder.zlibsettings);
-            code = lodepng::encode(png, pixels, width, height, state);
+            code = encodeTrueColour(png, pixels, width, height);
         }
     }
     if (code != 0) {

@@ -263,14 +263,16 @@ TEST(RenderTest, RemovingTheBackgroundNeedsAnEarlierTree) {
 }
 
 // Pictures of few colours go out as palettes of 1 to 8 bits, others as RGBA; either way every
-// byte, alpha included, must come back as it went in, also in rows that end mid-byte.
+// byte, alpha included, must come back as it went in, also in rows that end mid-byte and in
+// rows like the one above.
 TEST(PngStep, KeepsEveryPixelWhateverTheNumberOfColours) {
     const unsigned width = 21;
-    const unsigned height = 15;
+    const unsigned height = 31;
     for (unsigned colours : {1u, 2u, 3u, 5u, 17u, 300u}) {
         std::vector<unsigned char> pixels;
         for (unsigned i = 0; i < width * height; ++i) {
-            const unsigned c = (i * 7) % colours;
+            const unsigned pair = i / width / 2;  // rows come in pairs of equal rows
+            const unsigned c = ((pair * width + i % width) * 7) % colours;
             pixels.insert(pixels.end(),
                           {static_cast<unsigned char>(c), static_cast<unsigned char>(c >> 8),
                            static_cast<unsigned char>(255 - c % 256),
