@@ -1,9 +1,8 @@
 // velko-barcode: renders barcodes through the extension library, driven by our own host.
 
-#include <lodepng.h>
-
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -210,10 +209,27 @@ int pictureResult(ExtensionSession& session) {
     return std::holds_alternative<int>(result) ? std::get<int>(result) : 1;
 }
 
+// The size from a PNG's header, which starts with the width and height behind the signature
+// and the chunk's length and type; false for anything that isn't a PNG.
+bool pngSize(const std::vector<unsigned char>& png, unsigned& width, unsigned& height) {
+    static const unsigned char kStart[16] = {137, 80, 78, 71, 13,  10,  26,  10,
+                                             0,   0,  0,  13, 'I', 'H', 'D', 'R'};
+    constexpr size_t kSizeEnd = 24;
+    if (png.size() < kSizeEnd || !std::equal(kStart, kStart + 16, png.begin())) {
+        return false;
+    }
+    auto bigEndian = [&](size_t at) {
+        return static_cast<unsigned>(png[at]) << 24 | static_cast<unsigned>(png[at + 1]) << 16 |
+               static_cast<unsigned>(png[at + 2]) << 8 | png[at + 3];
+    };
+    width = bigEndian(16);
+    height = bigEndian(20);
+    return width > 0 && height > 0;
+}
+
 bool savePng(const std::vector<unsigned char>& png, const std::string& path, unsigned& width,
              unsigned& height) {
-    lodepng::State state;
-    if (png.empty() || lodepng_inspect(&width, &height, &state, png.data(), png.size()) != 0) {
+    if (!pngSize(png, width, height)) {
         return false;
     }
     std::ofstream file(path, std::ios::binary);
