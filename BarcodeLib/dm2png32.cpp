@@ -435,20 +435,47 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
 constexpr unsigned char kFilterSub = 1;
 constexpr unsigned char kFilterUp = 2;
 constexpr unsigned kTrueColourDepth = 8;
+constexpr unsigned char kTrueColour = 2;
 constexpr unsigned char kTrueColourWithAlpha = 6;
 
 struct FreeDeleter {
     void operator()(unsigned char* bytes) const { std::free(bytes); }
 };
 
-// A picture of more colours than a palette holds, as a logo on a QR Code makes it, as 8-bit
-// RGBA. A row like the one above, most rows of a symbol, is filtered Up and so all zeros; any
-// other Sub, which leaves runs of one colour as zeros too and a scaled logo's shades small.
-// The scanlines start zeroed from calloc: a large block comes as pages that only the rows
-// written here take up, and deflate reads the rest from the one shared page of zeros.
+// A row of RGBA pixels as the Sub filter has it with the first channels of each pixel: each
+// byte less the same byte of the pixel before.
+template <unsigned Channels>
+void filterSub(const unsigned char* row, unsigned width, unsigned char* out) {
+    for (unsigned c = 0; c < Channels; ++c) {
+        out[c] = row[c];
+    }
+    for (unsigned x = 1; x < width; ++x) {
+        for (unsigned c = 0; c < Channels; ++c) {
+            out[Channels * x + c] = static_cast<unsigned char>(row[4 * x + c] - row[4 * x + c - 4]);
+        }
+    }
+}
+
+// A picture of more colours than a palette holds, as a logo on a QR Code makes it: 8-bit RGB
+// when every pixel is opaque, RGBA otherwise. A row like the one above, most rows of a symbol,
+// is filtered Up and so all zeros; any other Sub, which leaves runs of one colour as zeros too
+// and a scaled logo's shades small. The scanlines start zeroed from calloc: a large block comes
+// as pages that only the rows written here take up, and deflate reads the rest from the one
+// shared page of zeros.
 unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* pixels,
                           unsigned width, unsigned height) {
-    const size_t lineBytes = scanlineBytes(width, 4 * kTrueColourDepth);
+    const size_t rowBytes = 4 * static_cast<size_t>(width);
+    std::vector<bool> repeats(height);
+    bool opaque = true;
+    for (unsigned y = 0; y < height; ++y) {
+        const unsigned char* row = pixels + rowBytes * y;
+        repeats[y] = sameRow(row, width, y);
+        for (size_t alpha = 3; opaque && !repeats[y] && alpha < rowBytes; alpha += 4) {
+            opaque = row[alpha] == 255;
+        }
+    }
+    const unsigned channels = opaque ? 3 : 4;
+    const size_t lineBytes = scanlineBytes(width, channels * kTrueColourDepth);
     const size_t size = lineBytes * height;
     const std::unique_ptr<unsigned char, FreeDeleter> lines(
         static_cast<unsigned char*>(std::calloc(size, 1)));
@@ -456,20 +483,19 @@ unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* 
         return kOutOfMemory;
     }
     for (unsigned y = 0; y < height; ++y) {
-        const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
         unsigned char* out = lines.get() + lineBytes * y;
-        if (sameRow(row, width, y)) {
-            *out = kFilterUp;
+        *out = repeats[y] ? kFilterUp : kFilterSub;
+        if (repeats[y]) {
             continue;
         }
-        *out++ = kFilterSub;
-        std::memcpy(out, row, 4);
-        for (size_t at = 4; at < 4 * static_cast<size_t>(width); ++at) {
-            out[at] = static_cast<unsigned char>(row[at] - row[at - 4]);
+        if (opaque) {
+            filterSub<3>(pixels + rowBytes * y, width, out + 1);
+        } else {
+            filterSub<4>(pixels + rowBytes * y, width, out + 1);
         }
     }
-    return writePng(png, lines.get(), size, width, height, kTrueColourDepth, kTrueColourWithAlpha,
-                    {}, {});
+    return writePng(png, lines.get(), size, width, height, kTrueColourDepth,
+                    opaque ? kTrueColour : kTrueColourWithAlpha, {}, {});
 }
 
 }  // namespace

@@ -99,7 +99,9 @@ void stampLogo(PImage& picture, const PImage& logo, double percent, const Symbol
     }
     PByteArray pixels(static_cast<unsigned char>(0),
                       static_cast<unsigned long>(newWidth) * newHeight * kBytesPerPixel);
-    const avir::CImageResizer resizer;
+    // Its filter bank depends on nothing but the fixed design values: made once, kept for the
+    // process (see docs/limits.md), and shared, since a resize changes nothing in it.
+    static const avir::CImageResizer resizer;
     resizer.resizeImage(logo.pixelData(), static_cast<int>(logoWidth), static_cast<int>(logoHeight),
                         0, pixels.data(), static_cast<int>(newWidth), static_cast<int>(newHeight),
                         static_cast<int>(kBytesPerPixel));
