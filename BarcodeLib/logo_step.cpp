@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 
 #include "layer/foundation/p_byte_array.h"
 #include "layer/graphics/p_image.h"
-#include "layer/graphics/p_painter.h"
 #include "resampler/image_resizer.h"
 
 namespace BarcodeVelko {
@@ -21,6 +21,29 @@ constexpr unsigned kBytesPerPixel = 4;
 // scanline bytes than that from the whole file can only be a lie, and the decoder would set
 // the memory aside before finding out.
 constexpr unsigned long long kMaxDeflateRatio = 1032;
+
+// The scaled logo's rows into the picture at (x, y), cut to the picture, pixels as they are:
+// what the painter's drawImage does pixel by pixel, which took as long as scaling a large logo.
+void pasteLogo(PImage& picture, const unsigned char* rows, unsigned width, unsigned height, int x,
+               int y) {
+    if (picture.bytesPerPixel() != kBytesPerPixel) {
+        return;
+    }
+    const long long left = std::max(0, x);
+    const long long top = std::max(0, y);
+    const long long right = std::min<long long>(picture.width(), x + static_cast<long long>(width));
+    const long long bottom =
+        std::min<long long>(picture.height(), y + static_cast<long long>(height));
+    if (left >= right || top >= bottom) {
+        return;
+    }
+    unsigned char* target = picture.pixelData();
+    const size_t span = static_cast<size_t>(right - left) * kBytesPerPixel;
+    for (long long row = top; row < bottom; ++row) {
+        std::memcpy(target + row * picture.pitch() + left * kBytesPerPixel,
+                    rows + ((row - y) * width + (left - x)) * kBytesPerPixel, span);
+    }
+}
 
 }  // namespace
 
@@ -105,12 +128,9 @@ void stampLogo(PImage& picture, const PImage& logo, double percent, const Symbol
     resizer.resizeImage(logo.pixelData(), static_cast<int>(logoWidth), static_cast<int>(logoHeight),
                         0, pixels.data(), static_cast<int>(newWidth), static_cast<int>(newHeight),
                         static_cast<int>(kBytesPerPixel));
-    const PImage scaled(newWidth, newHeight, pixels);
-    PPainter painter;
-    painter.begin(&picture);
-    painter.drawImage(symbol.x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2,
-                      symbol.y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2,
-                      static_cast<int>(newWidth), static_cast<int>(newHeight), scaled, 0);
+    pasteLogo(picture, pixels.constData(), newWidth, newHeight,
+              symbol.x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2,
+              symbol.y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2);
 }
 
 }  // namespace BarcodeVelko
