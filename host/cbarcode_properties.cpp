@@ -1,7 +1,5 @@
 #include "host/cbarcode_properties.h"
 
-#include <lodepng.h>
-
 #include <vector>
 
 #include "BarcodeLib/errors/barcode_exception.h"
@@ -51,17 +49,8 @@ Value fontName(const Source& source) {
 // one too large, which its header tells before any memory is set aside for it.
 void setLogo(BarcodeFacade2& facade, const Value& value) {
     const std::string bytes = base642Raw(wstr2str(std::get<std::wstring>(value)));
-    std::vector<unsigned char> rgba;
-    unsigned width = 0;
-    unsigned height = 0;
-    const auto* png = reinterpret_cast<const unsigned char*>(bytes.data());
-    if (bytes.empty() || !BarcodeVelko::logoPngAcceptable(png, bytes.size()) ||
-        lodepng::decode(rgba, width, height, png, bytes.size(), LCT_RGBA, 8) != 0 || width == 0 ||
-        height == 0) {
-        facade.setLogo(PImage());
-        return;
-    }
-    facade.setLogo(PImage(width, height, PByteArray(rgba.data(), rgba.size())));
+    facade.setLogo(BarcodeVelko::decodeLogo(reinterpret_cast<const unsigned char*>(bytes.data()),
+                                            bytes.size()));
 }
 
 // Readers and writers of the facade, one per kind of value.

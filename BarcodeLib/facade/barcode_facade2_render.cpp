@@ -58,9 +58,12 @@ PImage BarcodeFacade2::draw2mem() {
         if (lastError.code() == 0) {
             result = paintTree(placement);
             if (g_codeTypes[codeType].has(kTakesLogo)) {
-                stampLogo(result, logo, logoSizePercent, static_cast<int>(placement.x),
-                          static_cast<int>(placement.y), placement.symbolWidth,
-                          placement.symbolHeight);
+                const SymbolArea drawn = {static_cast<int>(placement.x),
+                                          static_cast<int>(placement.y), placement.symbolWidth,
+                                          placement.symbolHeight};
+                stampLogo(result, logo, logoSizePercent,
+                          deliveredArea(drawn, placement.canvasWidth, placement.canvasHeight,
+                                        canvasRotation));
             }
             PByteArray pixels = result.data();
             if (result.isValid() && pixels.size() <= kMaxSpareCanvasBytes) {

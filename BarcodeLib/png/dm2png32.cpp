@@ -273,80 +273,58 @@ private:
     Compressor compressor;
 };
 
-unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
-    const PooledCompressor pooled(in.size());
+unsigned chunkCrc(const unsigned char* bytes, size_t size) {
+    return libdeflate_crc32(0, bytes, size);
+}
+
+unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
+    const PooledCompressor pooled(inSize);
     libdeflate_compressor* deflater = pooled.get();
     if (!deflater) {
         return kOutOfMemory;
     }
-    out.resize(libdeflate_zlib_compress_bound(deflater, in.size()));
-    const size_t written =
-        libdeflate_zlib_compress(deflater, in.data(), in.size(), out.data(), out.size());
-    if (written == 0) {
-        return kCompressionFailed;
-    }
-    out.resize(written);
-    return 0;
-}
-
-// The same behind LodePNG's hook, for pictures of too many colours for a palette.
-unsigned lodepngZlib(unsigned char** out, size_t* outSize, const unsigned char* in, size_t inSize,
-                     const LodePNGCompressSettings*) {
-    const PooledCompressor pooled(inSize);
-    libdeflate_compressor* deflater = pooled.get();
-    const size_t bound = deflater ? libdeflate_zlib_compress_bound(deflater, inSize) : 0;
-    // LodePNG frees what it is given with free().
-    auto* buffer = static_cast<unsigned char*>(bound ? std::malloc(bound) : nullptr);
+    // Room for the worst case, left as it comes: a large picture deflates to a small fraction
+    // of it, and zeroing it all cost as much as the deflate.
+    const size_t bound = libdeflate_zlib_compress_bound(deflater, inSize);
+    const std::unique_ptr<unsigned char[]> buffer(new (std::nothrow) unsigned char[bound]);
     if (!buffer) {
         return kOutOfMemory;
     }
-    const size_t written = libdeflate_zlib_compress(deflater, in, inSize, buffer, bound);
+    const size_t written = libdeflate_zlib_compress(deflater, in, inSize, buffer.get(), bound);
     if (written == 0) {
-        std::free(buffer);
         return kCompressionFailed;
     }
-    *out = buffer;
-    *outSize = written;
+    out.assign(buffer.get(), buffer.get() + written);
     return 0;
-}
-
-void useFastDeflate(LodePNGCompressSettings& settings) {
-    settings.custom_zlib = lodepngZlib;
 }
 #else
 // Without libdeflate (so on Android unless it is built for it) LodePNG deflates.
-unsigned zlibCompress(std::vector<unsigned char>& out, const std::vector<unsigned char>& in) {
+unsigned chunkCrc(const unsigned char* bytes, size_t size) {
+    return lodepng_crc32(bytes, size);
+}
+
+unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
     unsigned char* buffer = nullptr;
     size_t size = 0;
-    const unsigned code = lodepng_zlib_compress(&buffer, &size, in.data(), in.size(),
-                                                &lodepng_default_compress_settings);
+    const unsigned code =
+        lodepng_zlib_compress(&buffer, &size, in, inSize, &lodepng_default_compress_settings);
     if (code == 0) {
         out.assign(buffer, buffer + size);
     }
     std::free(buffer);
     return code;
 }
-
-void useFastDeflate(LodePNGCompressSettings&) {}
 #endif
 
 // The bytes of the scanlines that don't repeat the line above.
-size_t newLineBytes(const std::vector<unsigned char>& lines, size_t lineBytes) {
+size_t newLineBytes(const unsigned char* lines, size_t size, size_t lineBytes) {
     size_t bytes = lineBytes;
-    for (size_t at = lineBytes; at + lineBytes <= lines.size(); at += lineBytes) {
+    for (size_t at = lineBytes; at + lineBytes <= size; at += lineBytes) {
         if (std::memcmp(&lines[at], &lines[at - lineBytes], lineBytes) != 0) {
             bytes += lineBytes;
         }
     }
     return bytes;
-}
-
-unsigned crc32(const unsigned char* data, size_t length) {
-#ifdef VELKO_HAVE_LIBDEFLATE
-    return libdeflate_crc32(0, data, length);
-#else
-    return lodepng_crc32(data, length);
-#endif
 }
 
 void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
@@ -361,22 +339,24 @@ void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned 
     const size_t start = png.size();
     png.insert(png.end(), type, type + 4);
     png.insert(png.end(), data, data + length);
-    putBigEndian(png, crc32(&png[start], length + 4));
+    putBigEndian(png, chunkCrc(&png[start], length + 4));
 }
 
 // The PNG around the scanlines: IHDR of the bit depth and colour type, PLTE and tRNS where
 // given, the deflated scanlines, IEND.
-unsigned writePng(std::vector<unsigned char>& png, const std::vector<unsigned char>& lines,
+unsigned writePng(std::vector<unsigned char>& png, const unsigned char* lines, size_t linesSize,
                   unsigned width, unsigned height, unsigned depth, unsigned char colourType,
                   const std::vector<unsigned char>& colours,
                   const std::vector<unsigned char>& transparency) {
     // A general deflate only pays for its tables on a large picture with many lines of their
     // own.
     std::vector<unsigned char> compressed;
-    const size_t lineBytes = scanlineBytes(width, depth);
-    if (lines.size() < kLargeScanlines || newLineBytes(lines, lineBytes) < kLargeScanlines / 4) {
-        compressed = ScanlineDeflate::compress(lines, lineBytes);
-    } else if (const unsigned code = zlibCompress(compressed, lines)) {
+    // Every scanline has the same length, whatever the colour type.
+    const size_t lineBytes = height ? linesSize / height : linesSize;
+    if (linesSize < kLargeScanlines ||
+        newLineBytes(lines, linesSize, lineBytes) < kLargeScanlines / 4) {
+        compressed = ScanlineDeflate::compress(lines, linesSize, lineBytes);
+    } else if (const unsigned code = zlibCompress(compressed, lines, linesSize)) {
         return code;
     }
     static const unsigned char kSignature[8] = {137, 80, 78, 71, 13, 10, 26, 10};
@@ -417,7 +397,8 @@ unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
         }
     }
     alphas.resize(opaqueFrom);
-    return writePng(png, lines, width, height, palette.bitDepth(), 3, colours, alphas);
+    return writePng(png, lines.data(), lines.size(), width, height, palette.bitDepth(), 3, colours,
+                    alphas);
 }
 
 // The grey level, 0 or 1, of a colour that 1-bit grey holds: black or white, opaque or fully
@@ -493,8 +474,75 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
     if (!opaque[0] || !opaque[1]) {
         key = {0, static_cast<unsigned char>(levels[opaque[0] ? 1 : 0])};
     }
-    code = writePng(png, lines, width, height, 1, 0, {}, key);
+    code = writePng(png, lines.data(), lines.size(), width, height, 1, 0, {}, key);
     return true;
+}
+
+// PNG's filters of a scanline, by their numbers.
+constexpr unsigned char kFilterSub = 1;
+constexpr unsigned char kFilterUp = 2;
+constexpr unsigned kTrueColourDepth = 8;
+constexpr unsigned char kTrueColour = 2;
+constexpr unsigned char kTrueColourWithAlpha = 6;
+
+struct FreeDeleter {
+    void operator()(unsigned char* bytes) const { std::free(bytes); }
+};
+
+// A row of RGBA pixels as the Sub filter has it with the first channels of each pixel: each
+// byte less the same byte of the pixel before.
+template <unsigned Channels>
+void filterSub(const unsigned char* row, unsigned width, unsigned char* out) {
+    for (unsigned c = 0; c < Channels; ++c) {
+        out[c] = row[c];
+    }
+    for (unsigned x = 1; x < width; ++x) {
+        for (unsigned c = 0; c < Channels; ++c) {
+            out[Channels * x + c] = static_cast<unsigned char>(row[4 * x + c] - row[4 * x + c - 4]);
+        }
+    }
+}
+
+// A picture of more colours than a palette holds, as a logo on a QR Code makes it: 8-bit RGB
+// when every pixel is opaque, RGBA otherwise. A row like the one above, most rows of a symbol,
+// is filtered Up and so all zeros; any other Sub, which leaves runs of one colour as zeros too
+// and a scaled logo's shades small. The scanlines start zeroed from calloc: a large block comes
+// as pages that only the rows written here take up, and deflate reads the rest from the one
+// shared page of zeros.
+unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* pixels,
+                          unsigned width, unsigned height) {
+    const size_t rowBytes = 4 * static_cast<size_t>(width);
+    std::vector<bool> repeats(height);
+    bool opaque = true;
+    for (unsigned y = 0; y < height; ++y) {
+        const unsigned char* row = pixels + rowBytes * y;
+        repeats[y] = sameRow(row, width, y);
+        for (size_t alpha = 3; opaque && !repeats[y] && alpha < rowBytes; alpha += 4) {
+            opaque = row[alpha] == 255;
+        }
+    }
+    const unsigned channels = opaque ? 3 : 4;
+    const size_t lineBytes = scanlineBytes(width, channels * kTrueColourDepth);
+    const size_t size = lineBytes * height;
+    const std::unique_ptr<unsigned char, FreeDeleter> lines(
+        static_cast<unsigned char*>(std::calloc(size, 1)));
+    if (!lines) {
+        return kOutOfMemory;
+    }
+    for (unsigned y = 0; y < height; ++y) {
+        unsigned char* out = lines.get() + lineBytes * y;
+        *out = repeats[y] ? kFilterUp : kFilterSub;
+        if (repeats[y]) {
+            continue;
+        }
+        if (opaque) {
+            filterSub<3>(pixels + rowBytes * y, width, out + 1);
+        } else {
+            filterSub<4>(pixels + rowBytes * y, width, out + 1);
+        }
+    }
+    return writePng(png, lines.get(), size, width, height, kTrueColourDepth,
+                    opaque ? kTrueColour : kTrueColourWithAlpha, {}, {});
 }
 
 }  // namespace
@@ -504,22 +552,18 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
                                     int* error) {
     std::vector<unsigned char> png;
     unsigned code = kNoInput;
-    if (pixels || width == 0 || height == 0) {
+    if (pixels) {
         Palette palette;
         std::vector<unsigned char> lines;
-        if (pixels && packTwoColours(pixels, width, height, palette, lines)) {
+        if (packTwoColours(pixels, width, height, palette, lines)) {
             if (!encodeGrey(png, palette, lines, width, height, code)) {
                 code = encodePalette(png, palette, lines, width, height);
             }
-        } else if (pixels && findPalette(pixels, width, height, palette)) {
+        } else if (findPalette(pixels, width, height, palette)) {
             code = encodePalette(png, palette, scanlines(pixels, width, height, palette), width,
                                  height);
         } else {
-            lodepng::State state;
-            state.info_raw.colortype = LCT_RGBA;
-            state.info_raw.bitdepth = 8;
-            useFastDeflate(state.encoder.zlibsettings);
-            code = lodepng::encode(png, pixels, width, height, state);
+            code = encodeTrueColour(png, pixels, width, height);
         }
     }
     if (code != 0) {

@@ -3,10 +3,12 @@
 #include <lodepng.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
 
 #include "layer/foundation/p_byte_array.h"
 #include "layer/graphics/p_image.h"
-#include "layer/graphics/p_painter.h"
 #include "resampler/image_resizer.h"
 
 namespace BarcodeVelko {
@@ -19,6 +21,29 @@ constexpr unsigned kBytesPerPixel = 4;
 // scanline bytes than that from the whole file can only be a lie, and the decoder would set
 // the memory aside before finding out.
 constexpr unsigned long long kMaxDeflateRatio = 1032;
+
+// The scaled logo's rows into the picture at (x, y), cut to the picture, pixels as they are:
+// what the painter's drawImage does pixel by pixel, which took as long as scaling a large logo.
+void pasteLogo(PImage& picture, const unsigned char* rows, unsigned width, unsigned height, int x,
+               int y) {
+    if (picture.bytesPerPixel() != kBytesPerPixel) {
+        return;
+    }
+    const long long left = std::max(0, x);
+    const long long top = std::max(0, y);
+    const long long right = std::min<long long>(picture.width(), x + static_cast<long long>(width));
+    const long long bottom =
+        std::min<long long>(picture.height(), y + static_cast<long long>(height));
+    if (left >= right || top >= bottom) {
+        return;
+    }
+    unsigned char* target = picture.pixelData();
+    const size_t span = static_cast<size_t>(right - left) * kBytesPerPixel;
+    for (long long row = top; row < bottom; ++row) {
+        std::memcpy(target + row * picture.pitch() + left * kBytesPerPixel,
+                    rows + ((row - y) * width + (left - x)) * kBytesPerPixel, span);
+    }
+}
 
 }  // namespace
 
@@ -39,8 +64,44 @@ bool logoPngAcceptable(const unsigned char* png, size_t size) {
     return raw <= kMaxDeflateRatio * size;
 }
 
-void stampLogo(PImage& picture, const PImage& logo, double percent, int x, int y,
-               unsigned rootWidth, unsigned rootHeight) {
+SymbolArea deliveredArea(const SymbolArea& drawn, unsigned canvasWidth, unsigned canvasHeight,
+                         unsigned rotation) {
+    const int w = static_cast<int>(canvasWidth);
+    const int h = static_cast<int>(canvasHeight);
+    const int right = drawn.x + static_cast<int>(drawn.width);
+    const int bottom = drawn.y + static_cast<int>(drawn.height);
+    switch (rotation) {
+        case 90:  // the canvas's left column becomes the picture's top row
+            return {h - bottom, drawn.x, drawn.height, drawn.width};
+        case 180:
+            return {w - right, h - bottom, drawn.width, drawn.height};
+        case 270:  // the canvas's left column becomes the picture's bottom row
+            return {drawn.y, w - right, drawn.height, drawn.width};
+        default:
+            return drawn;
+    }
+}
+
+PImage decodeLogo(const unsigned char* png, size_t size) {
+    if (!png || size == 0 || !logoPngAcceptable(png, size)) {
+        return PImage();
+    }
+    unsigned char* rgba = nullptr;
+    unsigned width = 0;
+    unsigned height = 0;
+    const unsigned error = lodepng_decode32(&rgba, &width, &height, png, size);
+    // LodePNG's C functions allocate with malloc.
+    const std::unique_ptr<unsigned char, decltype(&std::free)> decoded(rgba, &std::free);
+    if (error || !rgba || width == 0 || height == 0) {
+        return PImage();
+    }
+    return PImage(width, height,
+                  PByteArray(rgba, static_cast<unsigned long>(width) * height * kBytesPerPixel));
+}
+
+void stampLogo(PImage& picture, const PImage& logo, double percent, const SymbolArea& symbol) {
+    const unsigned rootWidth = symbol.width;
+    const unsigned rootHeight = symbol.height;
     if (!logo.isValid() || !(percent > 0.0)) {
         return;
     }
@@ -61,16 +122,15 @@ void stampLogo(PImage& picture, const PImage& logo, double percent, int x, int y
     }
     PByteArray pixels(static_cast<unsigned char>(0),
                       static_cast<unsigned long>(newWidth) * newHeight * kBytesPerPixel);
-    const avir::CImageResizer resizer;
+    // Its filter bank depends on nothing but the fixed design values: made once, kept for the
+    // process (see docs/limits.md), and shared, since a resize changes nothing in it.
+    static const avir::CImageResizer resizer;
     resizer.resizeImage(logo.pixelData(), static_cast<int>(logoWidth), static_cast<int>(logoHeight),
                         0, pixels.data(), static_cast<int>(newWidth), static_cast<int>(newHeight),
                         static_cast<int>(kBytesPerPixel));
-    const PImage scaled(newWidth, newHeight, pixels);
-    PPainter painter;
-    painter.begin(&picture);
-    painter.drawImage(x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2,
-                      y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2,
-                      static_cast<int>(newWidth), static_cast<int>(newHeight), scaled, 0);
+    pasteLogo(picture, pixels.constData(), newWidth, newHeight,
+              symbol.x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2,
+              symbol.y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2);
 }
 
 }  // namespace BarcodeVelko

@@ -184,18 +184,17 @@ std::uint32_t adler32(const unsigned char* data, std::size_t size) {
 
 }  // namespace
 
-std::vector<unsigned char> ScanlineDeflate::compress(const std::vector<unsigned char>& lines,
+std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines, std::size_t size,
                                                      std::size_t lineBytes) {
     std::vector<unsigned char> out;
-    out.reserve(lines.size() / 8 + 64);
+    out.reserve(size / 8 + 64);
     // zlib: deflate with a 32 KB window, no dictionary, the check bits of that.
     out.push_back(0x78);
     out.push_back(0x01);
     BitWriter writer(out);
     writer.number(1, 1);  // the last block
     writer.number(1, 2);  // of fixed codes
-    const unsigned char* data = lines.data();
-    const std::size_t size = lines.size();
+    const unsigned char* data = lines;
     std::size_t at = 0;
     while (at < size) {
         if (at % lineBytes == 0) {

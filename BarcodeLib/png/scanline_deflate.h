@@ -12,7 +12,7 @@ namespace BarcodeVelko {
 // setting up of its tables.
 class ScanlineDeflate {
 public:
-    static std::vector<unsigned char> compress(const std::vector<unsigned char>& lines,
+    static std::vector<unsigned char> compress(const unsigned char* lines, std::size_t size,
                                                std::size_t lineBytes);
 };
 

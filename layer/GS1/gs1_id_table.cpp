@@ -172,10 +172,11 @@ std::map<std::string, GS1IdSection> expandRuns() {
     return table;
 }
 
-const std::map<std::string, GS1IdSection> g_mapGS1IdTable = expandRuns();
-
 }  // namespace
 
 const std::map<std::string, GS1IdSection>& gs1IdTable() {
-    return g_mapGS1IdTable;
+    // Built on first use rather than at load: most processes draw no GS1 data, and one that
+    // draws a single barcode shouldn't pay for the table in its start.
+    static const std::map<std::string, GS1IdSection> table = expandRuns();
+    return table;
 }

@@ -24,5 +24,5 @@ public:
     char format[32];
 };
 
-// Every identifier the system knows, by its digits; built at load, never changed.
+// Every identifier the system knows, by its digits; built on first use, never changed.
 const std::map<std::string, GS1IdSection>& gs1IdTable();

@@ -18,3 +18,15 @@ int __android_log_vprint(int priority, const char* tag, const char* format, va_l
     return std::fprintf(stderr, "%d %s: %s\n", priority, tag, text.c_str());
 }
 #endif
+
+#ifdef VELKO_ANDROID_LOG_SONAME
+#include "layer/foundation/deferred_library.h"
+
+// Debian's port of the log, which brings the shared C++ runtime, is opened for the first line
+// traced rather than linked (deferred_library.h).
+int __android_log_vprint(int priority, const char* tag, const char* format, va_list args) {
+    static const DeferredLibrary log(VELKO_ANDROID_LOG_SONAME);
+    static const auto call = log.function<decltype(&__android_log_vprint)>("__android_log_vprint");
+    return call ? call(priority, tag, format, args) : 0;
+}
+#endif

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -320,26 +321,32 @@ TEST(PngStep, RepeatedLinesAndRunsComeBackExactly) {
     }
 }
 
-// Pictures of few colours go out as palettes of 1 to 8 bits, others as RGBA; either way every
-// byte, alpha included, must come back as it went in, also in rows that end mid-byte.
+// Pictures of few colours go out as palettes of 1 to 8 bits, others as RGB or RGBA; either way
+// every byte, alpha included, must come back as it went in, also in rows that end mid-byte and
+// in rows like the one above.
 TEST(PngStep, KeepsEveryPixelWhateverTheNumberOfColours) {
     const unsigned width = 21;
-    const unsigned height = 15;
-    for (unsigned colours : {1u, 2u, 3u, 5u, 17u, 300u}) {
+    const unsigned height = 31;
+    const unsigned opaque = 3;  // the last three counts have no translucent pixels
+    const unsigned counts[] = {1, 2, 3, 5, 17, 300, 2, 17, 300};
+    for (unsigned n = 0; n < std::size(counts); ++n) {
+        const unsigned colours = counts[n];
         std::vector<unsigned char> pixels;
         for (unsigned i = 0; i < width * height; ++i) {
-            const unsigned c = (i * 7) % colours;
-            pixels.insert(pixels.end(),
-                          {static_cast<unsigned char>(c), static_cast<unsigned char>(c >> 8),
-                           static_cast<unsigned char>(255 - c % 256),
-                           static_cast<unsigned char>(c % 3 * 100)});
+            const unsigned pair = i / width / 2;  // rows come in pairs of equal rows
+            const unsigned c = ((pair * width + i % width) * 7) % colours;
+            const unsigned alpha = n + opaque >= std::size(counts) ? 255 : c % 3 * 100;
+            pixels.insert(
+                pixels.end(),
+                {static_cast<unsigned char>(c), static_cast<unsigned char>(c >> 8),
+                 static_cast<unsigned char>(255 - c % 256), static_cast<unsigned char>(alpha)});
         }
         int error = -1;
         const Picture back =
             VelkoTest::decodePng(BarcodeVelko::DM2PNG32(pixels.data(), width, height, 4, &error));
         EXPECT_EQ(error, 0) << colours;
         EXPECT_EQ(back.width, width);
-        EXPECT_EQ(back.rgba, pixels) << colours << " colours";
+        EXPECT_EQ(back.rgba, pixels) << colours << " colours, case " << n;
     }
     // Black and white go out as grey: white first, black first, a clear black (all-zero
     // bytes) beside white, and the same before a third colour.

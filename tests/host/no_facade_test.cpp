@@ -20,14 +20,23 @@ using VelkoHost::Value;
 
 namespace {
 
-// The process's next operator new fails, as one allocation does when memory runs out; the
-// extension loaded into this process allocates through the same operator.
+// The process's next allocation fails, as one does when memory runs out. A library with its
+// own C++ runtime allocates through malloc, which this process's definition stands in for;
+// with the shared runtime (the sanitizer builds) it allocates through this operator new.
 std::atomic<bool> failNextNew{false};
 
+}  // namespace
+
+#ifdef VELKO_RUNTIME_IN_LIBRARY
+extern "C" void* __libc_malloc(std::size_t size);
+extern "C" void* malloc(std::size_t size) {
+    return failNextNew.exchange(false) ? nullptr : __libc_malloc(size);
+}
+#else
+namespace {
 void* allocate(std::size_t size) noexcept {
     return failNextNew.exchange(false) ? nullptr : std::malloc(size ? size : 1);
 }
-
 }  // namespace
 
 void* operator new(std::size_t size) {
@@ -52,6 +61,7 @@ void operator delete(void* memory, std::size_t) noexcept {
 void operator delete(void* memory, const std::nothrow_t&) noexcept {
     std::free(memory);
 }
+#endif
 
 namespace {
 

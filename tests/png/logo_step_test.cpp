@@ -4,6 +4,7 @@
 #include <ZXing/BarcodeFormat.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <string>
 #include <vector>
@@ -101,6 +102,48 @@ TEST(LogoStep, StampedInTheMiddleAndStillScans) {
         EXPECT_EQ(picture.pixel(left + w / 2, top + h / 2), kBlue) << c.note;
         if (c.percent <= 20) {
             EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::QRCode), kValue) << c.note;
+        }
+    }
+}
+
+// The bounding box of the pixels of one colour, as left, top, right, bottom.
+std::array<unsigned, 4> boundsOf(const VelkoTest::Picture& picture, unsigned color) {
+    std::array<unsigned, 4> box = {picture.width, picture.height, 0, 0};
+    for (unsigned y = 0; y < picture.height; ++y) {
+        for (unsigned x = 0; x < picture.width; ++x) {
+            if (picture.pixel(x, y) == color) {
+                box = {std::min(box[0], x), std::min(box[1], y), std::max(box[2], x + 1),
+                       std::max(box[3], y + 1)};
+            }
+        }
+    }
+    return box;
+}
+
+TEST(LogoStep, CentredOnTheSymbolAtEveryRotationAndShape) {
+    constexpr unsigned kBlack = 0xFF000000;
+    const unsigned shapes[][2] = {{500, 300}, {300, 500}, {300, 300}};
+    for (unsigned rotation : {0u, 90u, 180u, 270u}) {
+        for (const auto& shape : shapes) {
+            for (unsigned align : {1u, 3u}) {
+                BarcodeVelko::BarcodeFacade2 facade;
+                VelkoTest::setUp(facade, 16, shape[0], shape[1], rotation);
+                facade.setBarVerticalAlign(align);
+                facade.setCodeValue(std::wstring(kValue.begin(), kValue.end()).c_str());
+                facade.setLogo(logoImage(96, 64));
+                facade.setLogoSizePercent(20);
+                const VelkoTest::Picture picture = VelkoTest::render(facade);
+                const auto logo = boundsOf(picture, kOrange);
+                const auto symbol = boundsOf(picture, kBlack);
+                const std::string note =
+                    std::to_string(rotation) + " degrees, " + std::to_string(shape[0]) + " x " +
+                    std::to_string(shape[1]) + ", align " + std::to_string(align);
+                ASSERT_LT(logo[0], logo[2]) << note;
+                EXPECT_NEAR(logo[0] + logo[2], symbol[0] + symbol[2], 2.0) << note;
+                EXPECT_NEAR(logo[1] + logo[3], symbol[1] + symbol[3], 2.0) << note;
+                // Upright: wider than high, as the logo is.
+                EXPECT_GT(logo[2] - logo[0], logo[3] - logo[1]) << note;
+            }
         }
     }
 }

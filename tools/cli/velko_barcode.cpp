@@ -1,8 +1,8 @@
 // velko-barcode: renders barcodes through the extension library, driven by our own host.
 
-#include <lodepng.h>
-
 #include <unistd.h>
+
+#include <lodepng.h>
 
 #include <algorithm>
 #include <chrono>
