@@ -26,6 +26,8 @@ constexpr unsigned kMaxPaletteSize = 256;
 // Scanline bytes from which a picture is large: it deflates at a higher level, and a white-first
 // one keeps the palette (see encodeGrey).
 constexpr size_t kLargeScanlines = 32 * 1024;
+// PNG colour type of a palette picture.
+constexpr unsigned char kIndexedColour = 3;
 
 // The colours of a picture, in order of appearance, as long as there are few enough for a
 // palette.
@@ -349,11 +351,12 @@ unsigned writePng(std::vector<unsigned char>& png, const unsigned char* lines, s
                   const std::vector<unsigned char>& colours,
                   const std::vector<unsigned char>& transparency) {
     // A general deflate only pays for its tables on a large picture with many lines of their
-    // own.
+    // own, and not on 8-bit indices, a logo's picture: its lines of a few runs go smaller and
+    // three times faster in one pass.
     std::vector<unsigned char> compressed;
     // Every scanline has the same length, whatever the colour type.
     const size_t lineBytes = height ? linesSize / height : linesSize;
-    if (linesSize < kLargeScanlines ||
+    if (linesSize < kLargeScanlines || (colourType == kIndexedColour && depth == 8) ||
         newLineBytes(lines, linesSize, lineBytes) < kLargeScanlines / 4) {
         compressed = ScanlineDeflate::compress(lines, linesSize, lineBytes);
     } else if (const unsigned code = zlibCompress(compressed, lines, linesSize)) {
@@ -397,8 +400,8 @@ unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
         }
     }
     alphas.resize(opaqueFrom);
-    return writePng(png, lines.data(), lines.size(), width, height, palette.bitDepth(), 3, colours,
-                    alphas);
+    return writePng(png, lines.data(), lines.size(), width, height, palette.bitDepth(),
+                    kIndexedColour, colours, alphas);
 }
 
 // The grey level, 0 or 1, of a colour that 1-bit grey holds: black or white, opaque or fully
