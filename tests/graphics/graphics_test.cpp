@@ -38,13 +38,6 @@ Dots marks(const PImage& image, unsigned background) {
     return found;
 }
 
-TEST(PColorTest, ValueFormats) {
-    const PColor color(1, 2, 3, 4);
-    EXPECT_EQ(color.value(PColor::kNative), 0x04010203u);
-    EXPECT_EQ(color.value(PColor::kRgb), 0x00010203u);
-    EXPECT_EQ(color.value(PColor::kReversed), 0x03020104u);
-}
-
 TEST(PImageTest, SidesAreCutAtTheLimitAndEmptySizesGiveAnInvalidImage) {
     const struct {
         unsigned width, height;
@@ -80,20 +73,12 @@ TEST(PImageTest, OutsideIsIgnoredAndAShortBufferNeverOverrun) {
 
 TEST(PImageTest, CopiesShareUntilOneWrites) {
     const PImage original(4, 4, colorOf(kWhite));
-    PImage copy = original;
     const PByteArray bytes = original.data();
-
-    copy.changeColor(colorOf(kWhite), colorOf(kWhite));
-    EXPECT_EQ(static_cast<const PImage&>(copy).pixelData(), original.pixelData());
-
-    copy.changeColor(colorOf(kWhite), colorOf(kBlack));
-    EXPECT_NE(static_cast<const PImage&>(copy).pixelData(), original.pixelData());
-    EXPECT_EQ(copy.getPixel(3, 3), kBlack);
-    EXPECT_EQ(original.getPixel(3, 3), kWhite);
-
     PImage writer = original;
+    EXPECT_EQ(static_cast<const PImage&>(writer).pixelData(), original.pixelData());
     writer.setPixel(0, 0, kBlack);
     writer.fill(kBlack);
+    EXPECT_EQ(writer.getPixel(3, 3), kBlack);
     EXPECT_EQ(original.getPixel(0, 0), kWhite);
     EXPECT_EQ(bytes.constData()[0], 0xFF);
     EXPECT_EQ(bytes.constData()[3], 0xFF);
@@ -163,16 +148,15 @@ TEST(PPainterTest, DrawImageStartsAtTheImageOriginEvenOffTheDeviceAndCutsOnlyWit
     EXPECT_TRUE(marks(other, 0).empty());
 }
 
-TEST(PPainterTest, LinesLeaveOutTheirRightEnd) {
+// Lines and colour formats are kept for other pictures than barcodes: one pass over them.
+// A line leaves out its right end, whichever way it is drawn.
+TEST(PPainterTest, LinesAndColourFormatsOffTheBarcodePath) {
     const struct {
         int x1, y1, x2, y2;
         Dots drawn;  // row by row
-    } cases[] = {
-        {0, 0, 3, 3, {{0, 0}, {1, 1}, {2, 2}}},
-        {3, 3, 0, 0, {{0, 0}, {1, 1}, {2, 2}}},
-        {5, 1, 5, 9, {}},
-        {0, 4, 4, 2, {{3, 2}, {1, 3}, {2, 3}, {0, 4}}},
-    };
+    } cases[] = {{3, 3, 0, 0, {{0, 0}, {1, 1}, {2, 2}}},
+                 {5, 1, 5, 9, {}},
+                 {0, 4, 4, 2, {{3, 2}, {1, 3}, {2, 3}, {0, 4}}}};
     for (const auto& c : cases) {
         PImage device(10, 10, colorOf(0));
         PPainter painter(&device);
@@ -180,9 +164,13 @@ TEST(PPainterTest, LinesLeaveOutTheirRightEnd) {
         painter.drawLine(c.x1, c.y1, c.x2, c.y2, 1);
         EXPECT_EQ(marks(device, 0), c.drawn) << c.x1 << "," << c.y1 << " " << c.x2 << "," << c.y2;
     }
+    const PColor color(1, 2, 3, 4);
+    EXPECT_EQ(color.value(PColor::kNative), 0x04010203u);
+    EXPECT_EQ(color.value(PColor::kRgb), 0x00010203u);
+    EXPECT_EQ(color.value(PColor::kReversed), 0x03020104u);
 }
 
-TEST(MemoryCanvasTest, RotationTurnsTheLogicalCanvasOnTheSameBuffer) {
+TEST(MemoryCanvasTest, RotationTurnsTheLogicalCanvasOnTheSameBufferAndCutsBarsAtItsEdge) {
     // A 200 x 100 logical canvas; where its pixel (0, 0) lands in the picture.
     const struct {
         int rotation;
@@ -202,24 +190,19 @@ TEST(MemoryCanvasTest, RotationTurnsTheLogicalCanvasOnTheSameBuffer) {
         EXPECT_EQ(picture.height(), c.height) << c.rotation;
         EXPECT_EQ(picture.pixelData(), canvas.data().constData()) << c.rotation;
         EXPECT_EQ(marks(picture, kWhite), (Dots{{c.x, c.y}})) << c.rotation;
-    }
-}
-
-TEST(MemoryCanvasTest, BarsAreCutAtTheLogicalEdgeInEveryRotation) {
-    for (int rotation : {0, 90, 180, 270}) {
-        BarcodeCanvasMemoryImpl canvas(200, 100, kWhite);
-        canvas.setCanvasRotation(rotation);
+        // A bar is cut at the logical edge.
         canvas.setXYImp(195, 90);
         canvas.drawBarImp(10, 30, false);
         unsigned x = 0;
         unsigned y = 0;
         canvas.getXYImp(&x, &y);
-        EXPECT_EQ(std::pair(x, y), std::pair(200u, 100u)) << rotation;
-        EXPECT_EQ(marks(canvas.getImage(), kWhite).size(), 5u * 10u) << rotation;
+        EXPECT_EQ(std::pair(x, y), std::pair(200u, 100u)) << c.rotation;
+        EXPECT_EQ(marks(canvas.getImage(), kWhite).size(), 1u + 5u * 10u) << c.rotation;
     }
 }
 
-TEST(MemoryCanvasTest, SpacesAndTheBackgroundStateLeavePixelsAlone) {
+// Spaces, the background state and a canvas without pixels draw nothing; a space moves nothing.
+TEST(MemoryCanvasTest, SpacesTheBackgroundStateAndAnEmptyCanvasDrawNothing) {
     BarcodeCanvasMemoryImpl canvas(10, 10, 0x00FFFFFF);
     EXPECT_TRUE(canvas.IsTransparentBackground());
     canvas.setXYImp(2, 3);
@@ -231,23 +214,18 @@ TEST(MemoryCanvasTest, SpacesAndTheBackgroundStateLeavePixelsAlone) {
     canvas.getXYImp(&x, &y);
     EXPECT_EQ(std::pair(x, y), std::pair(2u, 3u));
     EXPECT_TRUE(marks(canvas.getImage(), 0x00FFFFFF).empty());
-
     canvas.fillCanvasImp(0x12345678, false);
     EXPECT_EQ(canvas.getImage().getPixel(9, 9), 0x12345678u);
     EXPECT_TRUE(canvas.getRotatedImage(0).width() == 0);
     EXPECT_EQ(canvas.lastError().code(), 0);
-}
 
-TEST(MemoryCanvasTest, AnEmptyCanvasDrawsNothing) {
-    BarcodeCanvasMemoryImpl canvas(0, 50, kWhite);
-    canvas.setCanvasRotation(90);
-    canvas.setXYImp(3, 3);
-    canvas.drawBarImp(10, 10, false);
-    unsigned x = 1;
-    unsigned y = 1;
-    canvas.getXYImp(&x, &y);
+    BarcodeCanvasMemoryImpl empty(0, 50, kWhite);
+    empty.setCanvasRotation(90);
+    empty.setXYImp(3, 3);
+    empty.drawBarImp(10, 10, false);
+    empty.getXYImp(&x, &y);
     EXPECT_EQ(std::pair(x, y), std::pair(0u, 0u));
-    EXPECT_FALSE(canvas.getImage().isValid());
+    EXPECT_FALSE(empty.getImage().isValid());
 }
 
 }  // namespace

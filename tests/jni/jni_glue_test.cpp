@@ -86,12 +86,8 @@ public:
     bool reportError(unsigned short, const unsigned short*, const unsigned short*, long) override {
         return false;
     }
-    bool configure(long option) override {
-        calls += "configure(" + std::to_string(option) + ") ";
-        return true;
-    }
+    bool configure(long) override { return true; }
     void* queryInterface(long id) override {
-        calls += "queryInterface(" + std::to_string(id) + ") ";
         return hasHelper && id == VelkoInterfaceAndroidHelper
                    ? static_cast<IVelkoAndroidHelper*>(this)
                    : nullptr;
@@ -109,7 +105,7 @@ public:
     JNIEnv* env;
     bool hasHelper, findsLoader;
     jobject activity;
-    std::string calls, asked;
+    std::string asked;
 };
 
 class JniGlueTest : public ::testing::Test {
@@ -252,19 +248,15 @@ TEST_F(JniGlueTest, TextAndBytesRoundTripUnitForUnit) {
     }
 }
 
-TEST_F(JniGlueTest, PerformerWithoutTheJavaSideStaysUsable) {
+// What the performer asks of its host and does as a device: performer_caller_test.cpp.
+TEST_F(JniGlueTest, PerformerWithoutTheJavaSideLeavesNoReference) {
     for (const bool hasHelper : {false, true}) {
         AndroidHost host(env, hasHelper, false);
         const auto before = jniRoots();
         auto first = std::make_unique<BarcodeLibPerformerAndroid>(&host);
         BarcodeLibPerformerAndroid second(&host);
-        EXPECT_EQ(host.calls, "configure(10) queryInterface(2) configure(10) queryInterface(2) ");
         EXPECT_EQ(host.asked.size(), hasHelper ? 2 * std::strlen(kLoaderClassName) : 0);
         EXPECT_EQ(jniRoots(), before);
-        EXPECT_EQ(first->OpenDevice(), 0);
-        EXPECT_EQ(first->TestDevice(), 0);
-        EXPECT_EQ(first->CloseDevice(), 0);
-        EXPECT_EQ(first->GetLastError(true), L"");
         first.reset();
         EXPECT_EQ(g_androidAppPerformer, nullptr) << "no pointer to a performer that is gone";
     }
