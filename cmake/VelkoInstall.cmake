@@ -1,7 +1,8 @@
 # What `cmake --install` puts where, in Debian's layout under any prefix: the extension, the one
-# header a host needs, the tool with its man page, the documents, and the files by which a
-# host's build finds the header and the extension (pkg-config and find_package). The last two
-# name every path from their own place, so the tree stays usable wherever it is moved.
+# header a host needs, the tool with its man page and the module it reads pictures back with,
+# the documents, and the files by which a host's build finds the header and the extension
+# (pkg-config and find_package). The last two name every path from their own place, so the tree
+# stays usable wherever it is moved.
 include(CMakePackageConfigHelpers)
 
 set(VELKO_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/velko-barcode)
@@ -16,6 +17,8 @@ install(TARGETS com_velko_VelkoBarcod LIBRARY DESTINATION ${VELKO_INSTALL_EXTENS
 install(FILES ${PROJECT_SOURCE_DIR}/host/velko_interfaces.h
         DESTINATION ${VELKO_INSTALL_INCLUDEDIR})
 install(TARGETS velko-barcode RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# Beside the extension, where the tool looks for it (tools/cli/library_choice.h).
+install(TARGETS velko_reader LIBRARY DESTINATION ${VELKO_INSTALL_EXTENSIONDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/tools/cli/velko-barcode.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md

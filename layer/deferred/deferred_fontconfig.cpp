@@ -1,4 +1,5 @@
-// fontconfig, opened for the first list of the system's fonts (see deferred_library.h).
+// fontconfig, opened for the first list of the system's fonts or the first font looked up by
+// name (see deferred_library.h).
 #include <fontconfig/fontconfig.h>
 
 #include <cstdarg>
@@ -74,4 +75,34 @@ void FcFontSetDestroy(FcFontSet* set) {
     if (call) {
         call(set);
     }
+}
+
+FcPattern* FcNameParse(const FcChar8* name) {
+    static const auto call = g_fontconfig.function<decltype(&FcNameParse)>("FcNameParse");
+    return call ? call(name) : nullptr;
+}
+
+FcPattern* FcPatternDuplicate(const FcPattern* pattern) {
+    static const auto call =
+        g_fontconfig.function<decltype(&FcPatternDuplicate)>("FcPatternDuplicate");
+    return call ? call(pattern) : nullptr;
+}
+
+FcBool FcConfigSubstitute(FcConfig* config, FcPattern* pattern, FcMatchKind kind) {
+    static const auto call =
+        g_fontconfig.function<decltype(&FcConfigSubstitute)>("FcConfigSubstitute");
+    return call ? call(config, pattern, kind) : FcFalse;
+}
+
+void FcDefaultSubstitute(FcPattern* pattern) {
+    static const auto call =
+        g_fontconfig.function<decltype(&FcDefaultSubstitute)>("FcDefaultSubstitute");
+    if (call) {
+        call(pattern);
+    }
+}
+
+FcPattern* FcFontMatch(FcConfig* config, FcPattern* pattern, FcResult* result) {
+    static const auto call = g_fontconfig.function<decltype(&FcFontMatch)>("FcFontMatch");
+    return call ? call(config, pattern, result) : nullptr;
 }

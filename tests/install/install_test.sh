@@ -1,7 +1,8 @@
 #!/bin/sh
 # As a new user would: install the build into a fresh prefix and move that elsewhere, so that
 # nothing is found by the build's paths; compile a host with pkg-config and another through
-# find_package, and read the EAN-13 each draws; then the installed tool and its man page.
+# find_package, and read the EAN-13 each draws; then the installed tool, reading back with its
+# module, and its man page.
 set -u
 cmake=$1 build=$2 here=$3 cxx=$4 pkgconfig=$5 generator=$6 reader=$7
 tmp=$(mktemp -d)
@@ -39,6 +40,10 @@ echo "$version" | grep -qF "library $prefix/" || fail "the installed tool loads 
 [ "$("$tool" --types | wc -l)" = 25 ] || fail "--types lists no 25 rows"
 "$tool" -q -t qr -o "$tmp/qr.png" QR && "$tool" -q -t 16 -o - QR >"$tmp/16.png" &&
     cmp -s "$tmp/qr.png" "$tmp/16.png" || fail "-t qr and -t 16 -o - differ"
+extension=$(find "$prefix" -name libcom_velko_VelkoBarcod.so)
+[ -f "${extension%/*}/velko-barcode-reader.so" ] || fail "no reader module beside the extension"
+"$tool" -q --verify -t ean13 -o "$tmp/verified.png" $ean13 ||
+    fail "the installed tool can't read back its picture"
 "$tool" -q -s Font="DejaVu Sans:style=Bold" -o "$tmp/fc.png" 1 &&
     "$tool" -q -s Font=DejaVuSans-Bold -o "$tmp/file.png" 1 &&
     cmp -s "$tmp/fc.png" "$tmp/file.png" || fail "fc-list's font name isn't understood"

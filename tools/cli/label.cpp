@@ -1,10 +1,9 @@
 #include "tools/cli/label.h"
 
-#include <lodepng.h>
-
 #include "layer/foundation/base64.h"
 #include "tools/cli/host_values.h"
 #include "tools/cli/picture_reason.h"
+#include "tools/cli/png_size.h"
 #include "tools/cli/text_check.h"
 #include "tools/cli/warnings.h"
 #include "tools/host/extension_session.h"
@@ -45,10 +44,7 @@ Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, 
                 VelkoHost::ExtensionSession* textProbe) {
     Label label;
     label.png = session.getBarcode();
-    lodepng::State state;
-    const bool isPng =
-        !label.png.empty() && lodepng_inspect(&label.width, &label.height, &state, label.png.data(),
-                                              label.png.size()) == 0;
+    const bool isPng = pngSize(label.png, label.width, label.height);
     label.clean = isPng && session.get("Result") == Value(0);
     const unsigned type = static_cast<unsigned>(numberOf(session.get("CodeType")));
     label.type = std::to_string(type);

@@ -14,4 +14,8 @@ struct LibraryChoice {
 // tool's own place; else the one the build made.
 LibraryChoice chooseLibrary();
 
+// The module that reads pictures back for --verify: installed beside the extension, found from
+// the tool's own place as the extension is; else the one the build made.
+std::string readerModulePath();
+
 }  // namespace VelkoCli

@@ -3,8 +3,10 @@
 #include <lodepng.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <memory>
 
 #include "BarcodeLib/facade/code_types.h"
 #include "tools/cli/host_values.h"
@@ -70,17 +72,20 @@ std::vector<std::string> textLineWarnings(VelkoHost::ExtensionSession& session,
 }
 
 size_t marksShown(const std::vector<unsigned char>& png, unsigned colour) {
-    std::vector<unsigned char> rgba;
+    unsigned char* pixels = nullptr;
     unsigned width = 0;
     unsigned height = 0;
-    if (lodepng::decode(rgba, width, height, png) != 0) {
+    const unsigned error = lodepng_decode32(&pixels, &width, &height, png.data(), png.size());
+    // LodePNG's C functions allocate with malloc.
+    const std::unique_ptr<unsigned char, decltype(&std::free)> rgba(pixels, &std::free);
+    if (error != 0 || !pixels) {
         return 0;
     }
     // The channel the colour has at full strength, the other two weak.
     const int strong = (colour & 0xFF) ? 0 : (colour & 0xFF00) ? 1 : 2;
     std::vector<unsigned char> mark(size_t(width) * height);
     for (size_t i = 0; i < mark.size(); ++i) {
-        const unsigned char* p = &rgba[i * 4];
+        const unsigned char* p = rgba.get() + i * 4;
         mark[i] =
             p[strong] >= kStrong && p[(strong + 1) % 3] < kStrong && p[(strong + 2) % 3] < kStrong;
     }

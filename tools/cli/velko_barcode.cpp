@@ -28,6 +28,7 @@
 #include "tools/cli/label.h"
 #include "tools/cli/library_choice.h"
 #include "tools/cli/ordered_pool.h"
+#include "tools/cli/reader_module.h"
 #include "tools/cli/text_check.h"
 #include "tools/cli/warnings.h"
 #include "tools/host/extension_library.h"
@@ -140,9 +141,13 @@ std::string readLogo(const std::string& path) {
                             std::istreambuf_iterator<char>());
     unsigned width = 0;
     unsigned height = 0;
-    lodepng::State state;
-    if (lodepng_inspect(&width, &height, &state,
-                        reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()) != 0) {
+    LodePNGState state;
+    lodepng_state_init(&state);
+    const unsigned error =
+        lodepng_inspect(&width, &height, &state,
+                        reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+    lodepng_state_cleanup(&state);
+    if (error != 0) {
         throw UsageError{"the logo " + path + " is not a PNG file", false};
     }
     return raw2Base64(bytes);
@@ -636,6 +641,11 @@ int run(const Options& options) {
     }
     if (options.version) {
         return kClean;
+    }
+    if (options.verify && !VelkoCli::ReaderModule::instance().loaded()) {
+        std::cerr << "velko-barcode: --verify: " << VelkoCli::ReaderModule::instance().error()
+                  << "\n";
+        return kUsageError;
     }
     if (!options.gallery.empty()) {
         return gallery(library, options);
