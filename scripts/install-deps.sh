@@ -8,7 +8,7 @@ packages=(
     libboost-dev libboost-locale-dev
     libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev zbar-tools fonts-dejavu-core man-db
     gcc-multilib g++-multilib locales
-    openjdk-17-jdk-headless android-liblog-dev libdeflate-dev libzint-dev zint
+    openjdk-17-jdk-headless android-liblog-dev libdeflate-dev libzint-dev zint gcovr
 )
 
 # The thread test runs under Russian locales: ru_RU.UTF-8, and Russian_Russia.UTF-8, the name
