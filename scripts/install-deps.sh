@@ -6,7 +6,7 @@ packages=(
     build-essential cmake ninja-build pkg-config clang
     libfreetype-dev libfontconfig-dev libdmtx-dev liblodepng-dev
     libboost-dev libboost-locale-dev
-    libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev zbar-tools fonts-dejavu-core man-db
+    libgtest-dev libgmock-dev libbenchmark-dev libzxing-dev fonts-dejavu-core man-db
     gcc-multilib g++-multilib locales
     openjdk-17-jdk-headless android-liblog-dev libdeflate-dev libzint-dev zint gcovr
 )
