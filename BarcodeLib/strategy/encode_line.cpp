@@ -1,15 +1,29 @@
 #include "BarcodeLib/strategy/encode_line.h"
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
 
 #include "BarcodeLib/errors/barcode_exception.h"
-#include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/tree/abstract_barcode_composite.h"
 #include "BarcodeLib/tree/barcode_bar.h"
 #include "BarcodeLib/tree/barcode_space.h"
+#include "BarcodeLib/tree/leaf_block.h"
 
 namespace BarcodeVelko {
+
+namespace {
+
+std::size_t runCount(const char* pattern, std::size_t length) {
+    std::size_t runs = length == 0 ? 0 : 1;
+    for (std::size_t i = 1; i < length; ++i) {
+        runs += pattern[i] != pattern[i - 1] ? 1 : 0;
+    }
+    return runs;
+}
+
+}  // namespace
 
 void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool control,
                  unsigned customData, bool last) {
@@ -17,28 +31,34 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
         throw BarcodeException::Unexpected();
     }
     // Checked whole first, so that a bad pattern leaves the target as it was.
-    const size_t length = std::strlen(pattern);
+    const std::size_t length = std::strlen(pattern);
     if (std::strspn(pattern, "01") != length) {
         throw BarcodeException::Unexpected();
     }
-    size_t start = 0;
-    while (start < length) {
-        size_t end = start + 1;
-        while (end < length && pattern[end] == pattern[start]) {
-            ++end;
-        }
-        const unsigned width = static_cast<unsigned>(end - start);
-        const bool lastRun = last && end == length;
+    if (length == 0) {
+        return;
+    }
+    // All the runs in one allocation, which the last of them to be deleted gives back.
+    const std::unique_ptr<LeafBlock, LeafBlock::Releaser> block(LeafBlock::make(
+        runCount(pattern, length), std::max(sizeof(BarcodeBar), sizeof(BarcodeSpace))));
+    if (!block) {
+        throw BarcodeException::OutOfMemory();
+    }
+    const char* const end = pattern + length;
+    for (const char* start = pattern; start < end;) {
+        const char* runEnd = std::find_if(start, end, [&](char c) { return c != *start; });
+        const unsigned width = static_cast<unsigned>(runEnd - start);
+        const bool lastRun = last && runEnd == end;
         SmartPtr<AbstractBarcodeRect> leaf;
-        if (pattern[start] == '1') {
-            leaf = newOrThrow<BarcodeBar>(width, 1u, control, lastRun);
+        if (*start == '1') {
+            leaf = block->emplace<BarcodeBar>(width, 1u, control, lastRun);
         } else {
-            leaf = newOrThrow<BarcodeSpace>(width, 1u, control, lastRun);
+            leaf = block->emplace<BarcodeSpace>(width, 1u, control, lastRun);
         }
         leaf->setCustomData(customData);
         target->add(leaf.get());
         leaf.release();
-        start = end;
+        start = runEnd;
     }
 }
 
