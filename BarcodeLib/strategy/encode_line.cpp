@@ -15,6 +15,34 @@ namespace BarcodeVelko {
 
 namespace {
 
+// Leaves of a block: a symbol's patterns are mostly a few runs each, and one after another fill
+// the same block, which stays under 1 KiB, where malloc keeps freed blocks at hand.
+constexpr std::size_t kBlockLeaves = 24;
+constexpr std::size_t kLeafSize = std::max(sizeof(BarcodeBar), sizeof(BarcodeSpace));
+
+// The block of the target's last run, where it has room for as many more.
+LeafBlock* blockToGoOn(const AbstractBarcodeComposite& target, std::size_t runs) {
+    AbstractBarcodeElement* last = target.lastChild();
+    if (last == nullptr || !last->isRun()) {
+        return nullptr;
+    }
+    LeafBlock* block = LeafBlock::of(dynamic_cast<void*>(last));
+    return block != nullptr && block->room() >= runs ? block : nullptr;
+}
+
+// A block for runs more leaves, held by the caller until it releases it.
+LeafBlock* heldBlock(const AbstractBarcodeComposite& target, std::size_t runs) {
+    if (LeafBlock* block = blockToGoOn(target, runs)) {
+        block->hold();
+        return block;
+    }
+    LeafBlock* block = LeafBlock::make(std::max(runs, kBlockLeaves), kLeafSize);
+    if (block == nullptr) {
+        throw BarcodeException::OutOfMemory();
+    }
+    return block;
+}
+
 std::size_t runCount(const char* pattern, std::size_t length) {
     std::size_t runs = length == 0 ? 0 : 1;
     for (std::size_t i = 1; i < length; ++i) {

@@ -16,6 +16,10 @@ public:
 
     void add(AbstractBarcodeElement* child) override;
     void visit(AbstractBarcodeVisitor* visitor) override;
+    // The child added last, null while there is none.
+    AbstractBarcodeElement* lastChild() const {
+        return children.empty() ? nullptr : children.back();
+    }
 
 protected:
     using Measure = unsigned (AbstractBarcodeElement::*)() const;

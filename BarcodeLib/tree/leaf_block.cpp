@@ -6,8 +6,9 @@ namespace BarcodeVelko {
 
 namespace {
 
-// The word in front of each object, padded so that the object keeps malloc's alignment.
-constexpr std::size_t kHeader = alignof(std::max_align_t);
+// The word in front of each object. A leaf needs no more than a pointer's alignment, and a word
+// keeps a block of leaves small enough for the allocator's fast path.
+constexpr std::size_t kHeader = sizeof(void*);
 
 constexpr std::size_t padded(std::size_t size) {
     return (size + kHeader - 1) / kHeader * kHeader;
@@ -44,6 +45,10 @@ void LeafBlock::free(void* object) noexcept {
     } else {
         (*header)->release();
     }
+}
+
+LeafBlock* LeafBlock::of(void* object) noexcept {
+    return *headerOf(object);
 }
 
 void LeafBlock::release() noexcept {
