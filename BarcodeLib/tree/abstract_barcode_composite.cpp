@@ -1,6 +1,5 @@
 #include "BarcodeLib/tree/abstract_barcode_composite.h"
 
-#include <algorithm>
 #include <exception>
 
 #include "BarcodeLib/errors/barcode_exception.h"
@@ -8,24 +7,6 @@
 #include "BarcodeLib/tree/barcode_canvas.h"
 
 namespace BarcodeVelko {
-
-namespace {
-
-template <class Combine>
-unsigned fold(const std::vector<AbstractBarcodeElement*>& children,
-              unsigned (AbstractBarcodeElement::*measure)() const, Combine combine) {
-    try {
-        unsigned result = 0;
-        for (const AbstractBarcodeElement* child : children) {
-            result = combine(result, (child->*measure)());
-        }
-        return result;
-    } catch (const std::exception&) {
-        throw BarcodeException::Unexpected();
-    }
-}
-
-}  // namespace
 
 AbstractBarcodeComposite::~AbstractBarcodeComposite() {
     for (AbstractBarcodeElement* child : children) {
@@ -54,13 +35,8 @@ void AbstractBarcodeComposite::visit(AbstractBarcodeVisitor* visitor) {
     }
 }
 
-unsigned AbstractBarcodeComposite::sumOf(Measure measure) const {
-    return fold(children, measure, [](unsigned total, unsigned value) { return total + value; });
-}
-
-unsigned AbstractBarcodeComposite::maxOf(Measure measure) const {
-    return fold(children, measure,
-                [](unsigned largest, unsigned value) { return std::max(largest, value); });
+void AbstractBarcodeComposite::throwUnexpected() {
+    throw BarcodeException::Unexpected();
 }
 
 void AbstractBarcodeComposite::drawInLine(BarcodeCanvas* canvas, Direction direction) {
