@@ -66,12 +66,11 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
     if (length == 0) {
         return;
     }
-    // All the runs in one allocation, which the last of them to be deleted gives back.
-    const std::unique_ptr<LeafBlock, LeafBlock::Releaser> block(LeafBlock::make(
-        runCount(pattern, length), std::max(sizeof(BarcodeBar), sizeof(BarcodeSpace))));
-    if (!block) {
+    const std::size_t runs = runCount(pattern, length);
+    if (!target->makeRoomFor(runs)) {
         throw BarcodeException::OutOfMemory();
     }
+    const std::unique_ptr<LeafBlock, LeafBlock::Releaser> block(heldBlock(*target, runs));
     const char* const end = pattern + length;
     for (const char* start = pattern; start < end;) {
         const char* runEnd = std::find_if(start, end, [&](char c) { return c != *start; });

@@ -1,5 +1,6 @@
 #include "BarcodeLib/tree/abstract_barcode_composite.h"
 
+#include <algorithm>
 #include <exception>
 
 #include "BarcodeLib/errors/barcode_exception.h"
@@ -20,6 +21,19 @@ void AbstractBarcodeComposite::add(AbstractBarcodeElement* child) {
         throw BarcodeException::Unexpected();
     }
     guarded([&] { children.push_back(child); });
+}
+
+bool AbstractBarcodeComposite::makeRoomFor(std::size_t more) noexcept {
+    const std::size_t needed = children.size() + more;
+    if (needed <= children.capacity()) {
+        return true;
+    }
+    try {
+        children.reserve(std::max(needed, 2 * children.capacity()));
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 void AbstractBarcodeComposite::visit(AbstractBarcodeVisitor* visitor) {
