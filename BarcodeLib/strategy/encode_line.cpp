@@ -1,15 +1,57 @@
 #include "BarcodeLib/strategy/encode_line.h"
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
 
 #include "BarcodeLib/errors/barcode_exception.h"
-#include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/tree/abstract_barcode_composite.h"
 #include "BarcodeLib/tree/barcode_bar.h"
 #include "BarcodeLib/tree/barcode_space.h"
+#include "BarcodeLib/tree/leaf_block.h"
 
 namespace BarcodeVelko {
+
+namespace {
+
+// Leaves of a block: a symbol's patterns are mostly a few runs each, and one after another fill
+// the same block, which stays under 1 KiB, where malloc keeps freed blocks at hand.
+constexpr std::size_t kBlockLeaves = 24;
+constexpr std::size_t kLeafSize = std::max(sizeof(BarcodeBar), sizeof(BarcodeSpace));
+
+// The block of the target's last run, where it has room for as many more.
+LeafBlock* blockToGoOn(const AbstractBarcodeComposite& target, std::size_t runs) {
+    AbstractBarcodeElement* last = target.lastChild();
+    if (last == nullptr || !last->isRun()) {
+        return nullptr;
+    }
+    LeafBlock* block = LeafBlock::of(dynamic_cast<void*>(last));
+    return block != nullptr && block->room() >= runs ? block : nullptr;
+}
+
+// A block for runs more leaves, held by the caller until it releases it.
+LeafBlock* heldBlock(const AbstractBarcodeComposite& target, std::size_t runs) {
+    if (LeafBlock* block = blockToGoOn(target, runs)) {
+        block->hold();
+        return block;
+    }
+    LeafBlock* block = LeafBlock::make(std::max(runs, kBlockLeaves), kLeafSize);
+    if (block == nullptr) {
+        throw BarcodeException::OutOfMemory();
+    }
+    return block;
+}
+
+std::size_t runCount(const char* pattern, std::size_t length) {
+    std::size_t runs = length == 0 ? 0 : 1;
+    for (std::size_t i = 1; i < length; ++i) {
+        runs += pattern[i] != pattern[i - 1] ? 1 : 0;
+    }
+    return runs;
+}
+
+}  // namespace
 
 void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool control,
                  unsigned customData, bool last) {
@@ -17,28 +59,33 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
         throw BarcodeException::Unexpected();
     }
     // Checked whole first, so that a bad pattern leaves the target as it was.
-    const size_t length = std::strlen(pattern);
+    const std::size_t length = std::strlen(pattern);
     if (std::strspn(pattern, "01") != length) {
         throw BarcodeException::Unexpected();
     }
-    size_t start = 0;
-    while (start < length) {
-        size_t end = start + 1;
-        while (end < length && pattern[end] == pattern[start]) {
-            ++end;
-        }
-        const unsigned width = static_cast<unsigned>(end - start);
-        const bool lastRun = last && end == length;
+    if (length == 0) {
+        return;
+    }
+    const std::size_t runs = runCount(pattern, length);
+    if (!target->makeRoomFor(runs)) {
+        throw BarcodeException::OutOfMemory();
+    }
+    const std::unique_ptr<LeafBlock, LeafBlock::Releaser> block(heldBlock(*target, runs));
+    const char* const end = pattern + length;
+    for (const char* start = pattern; start < end;) {
+        const char* runEnd = std::find_if(start, end, [&](char c) { return c != *start; });
+        const unsigned width = static_cast<unsigned>(runEnd - start);
+        const bool lastRun = last && runEnd == end;
         SmartPtr<AbstractBarcodeRect> leaf;
-        if (pattern[start] == '1') {
-            leaf = newOrThrow<BarcodeBar>(width, 1u, control, lastRun);
+        if (*start == '1') {
+            leaf = block->emplace<BarcodeBar>(width, 1u, control, lastRun);
         } else {
-            leaf = newOrThrow<BarcodeSpace>(width, 1u, control, lastRun);
+            leaf = block->emplace<BarcodeSpace>(width, 1u, control, lastRun);
         }
         leaf->setCustomData(customData);
         target->add(leaf.get());
         leaf.release();
-        start = end;
+        start = runEnd;
     }
 }
 

@@ -9,24 +9,6 @@
 
 namespace BarcodeVelko {
 
-namespace {
-
-template <class Combine>
-unsigned fold(const std::vector<AbstractBarcodeElement*>& children,
-              unsigned (AbstractBarcodeElement::*measure)() const, Combine combine) {
-    try {
-        unsigned result = 0;
-        for (const AbstractBarcodeElement* child : children) {
-            result = combine(result, (child->*measure)());
-        }
-        return result;
-    } catch (const std::exception&) {
-        throw BarcodeException::Unexpected();
-    }
-}
-
-}  // namespace
-
 AbstractBarcodeComposite::~AbstractBarcodeComposite() {
     for (AbstractBarcodeElement* child : children) {
         delete child;
@@ -39,6 +21,19 @@ void AbstractBarcodeComposite::add(AbstractBarcodeElement* child) {
         throw BarcodeException::Unexpected();
     }
     guarded([&] { children.push_back(child); });
+}
+
+bool AbstractBarcodeComposite::makeRoomFor(std::size_t more) noexcept {
+    const std::size_t needed = children.size() + more;
+    if (needed <= children.capacity()) {
+        return true;
+    }
+    try {
+        children.reserve(std::max(needed, 2 * children.capacity()));
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 void AbstractBarcodeComposite::visit(AbstractBarcodeVisitor* visitor) {
@@ -54,13 +49,8 @@ void AbstractBarcodeComposite::visit(AbstractBarcodeVisitor* visitor) {
     }
 }
 
-unsigned AbstractBarcodeComposite::sumOf(Measure measure) const {
-    return fold(children, measure, [](unsigned total, unsigned value) { return total + value; });
-}
-
-unsigned AbstractBarcodeComposite::maxOf(Measure measure) const {
-    return fold(children, measure,
-                [](unsigned largest, unsigned value) { return std::max(largest, value); });
+void AbstractBarcodeComposite::throwUnexpected() {
+    throw BarcodeException::Unexpected();
 }
 
 void AbstractBarcodeComposite::drawInLine(BarcodeCanvas* canvas, Direction direction) {

@@ -3,6 +3,7 @@
 #include <climits>
 
 #include "BarcodeLib/errors/barcode_exception.h"
+#include "BarcodeLib/tree/leaf_block.h"
 
 namespace BarcodeVelko {
 
@@ -24,6 +25,26 @@ AbstractBarcodeRect::AbstractBarcodeRect(unsigned minWidth, unsigned minHeight, 
       minHeight(checkedMeasure(minHeight)),
       control(control),
       lastRect(lastRect) {}
+
+void* AbstractBarcodeRect::operator new(std::size_t size) {
+    void* leaf = LeafBlock::single(size);
+    if (leaf == nullptr) {
+        throw std::bad_alloc();
+    }
+    return leaf;
+}
+
+void* AbstractBarcodeRect::operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return LeafBlock::single(size);
+}
+
+void AbstractBarcodeRect::operator delete(void* leaf) noexcept {
+    LeafBlock::free(leaf);
+}
+
+void AbstractBarcodeRect::operator delete(void* leaf, const std::nothrow_t&) noexcept {
+    LeafBlock::free(leaf);
+}
 
 void AbstractBarcodeRect::add(AbstractBarcodeElement*) {
     throw BarcodeException::Unexpected();

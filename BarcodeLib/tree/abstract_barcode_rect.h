@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <new>
+
 #include "BarcodeLib/tree/abstract_barcode_element.h"
 
 namespace BarcodeVelko {
@@ -9,6 +12,12 @@ namespace BarcodeVelko {
 class AbstractBarcodeRect : public AbstractBarcodeElement {
 public:
     AbstractBarcodeRect(unsigned minWidth, unsigned minHeight, bool control, bool lastRect);
+
+    // A symbol has hundreds of leaves: they may share one allocation (LeafBlock).
+    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+    static void operator delete(void* leaf) noexcept;
+    static void operator delete(void* leaf, const std::nothrow_t&) noexcept;
 
     void add(AbstractBarcodeElement* child) override;
     unsigned getWidth() const override;

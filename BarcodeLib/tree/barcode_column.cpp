@@ -3,19 +3,19 @@
 namespace BarcodeVelko {
 
 unsigned BarcodeColumn::getWidth() const {
-    return maxOf(&AbstractBarcodeElement::getWidth);
+    return maxOf<&AbstractBarcodeElement::getWidth>();
 }
 
 unsigned BarcodeColumn::getHeight() const {
-    return sumOf(&AbstractBarcodeElement::getHeight);
+    return sumOf<&AbstractBarcodeElement::getHeight>();
 }
 
 unsigned BarcodeColumn::getMinWidth() const {
-    return maxOf(&AbstractBarcodeElement::getMinWidth);
+    return maxOf<&AbstractBarcodeElement::getMinWidth>();
 }
 
 unsigned BarcodeColumn::getMinHeight() const {
-    return sumOf(&AbstractBarcodeElement::getMinHeight);
+    return sumOf<&AbstractBarcodeElement::getMinHeight>();
 }
 
 void BarcodeColumn::draw(BarcodeCanvas* canvas) {

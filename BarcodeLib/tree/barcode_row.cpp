@@ -5,19 +5,19 @@
 namespace BarcodeVelko {
 
 unsigned BarcodeRow::getWidth() const {
-    return sumOf(&AbstractBarcodeElement::getWidth);
+    return sumOf<&AbstractBarcodeElement::getWidth>();
 }
 
 unsigned BarcodeRow::getHeight() const {
-    return maxOf(&AbstractBarcodeElement::getHeight);
+    return maxOf<&AbstractBarcodeElement::getHeight>();
 }
 
 unsigned BarcodeRow::getMinWidth() const {
-    return sumOf(&AbstractBarcodeElement::getMinWidth);
+    return sumOf<&AbstractBarcodeElement::getMinWidth>();
 }
 
 unsigned BarcodeRow::getMinHeight() const {
-    return maxOf(&AbstractBarcodeElement::getMinHeight);
+    return maxOf<&AbstractBarcodeElement::getMinHeight>();
 }
 
 // A row of runs of one height is the same line of pixels from top to bottom.

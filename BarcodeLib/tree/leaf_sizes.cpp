@@ -14,7 +14,8 @@ LeafSizes::LeafSizes(AbstractBarcodeElement& root, unsigned width, unsigned heig
 
 void LeafSizes::restore(AbstractBarcodeElement& root) {
     restoring = true;
-    next = 0;
+    stretch = 0;
+    restored = 0;
     root.visit(this);
     restoring = false;
 }
@@ -33,10 +34,20 @@ void LeafSizes::visit(BarcodeText* text) {
 
 void LeafSizes::take(AbstractBarcodeRect* leaf) {
     if (!restoring) {
-        sizes.push_back({leaf->getMinHeight(), leaf->getScaleX(), leaf->getScaleY()});
+        const Sizes sizes{leaf->getMinHeight(), leaf->getScaleX(), leaf->getScaleY()};
+        if (!stretches.empty() && stretches.back().sizes == sizes) {
+            ++stretches.back().leaves;
+        } else {
+            stretches.push_back({sizes, 1});
+        }
         return;
     }
-    const Sizes& taken = sizes[next++];
+    if (restored == stretches[stretch].leaves) {
+        ++stretch;
+        restored = 0;
+    }
+    ++restored;
+    const Sizes& taken = stretches[stretch].sizes;
     leaf->setMinHeight(taken.minHeight);
     leaf->setScaleX(taken.scaleX);
     leaf->setScaleY(taken.scaleY);

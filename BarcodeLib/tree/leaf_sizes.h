@@ -26,6 +26,14 @@ private:
         unsigned minHeight;
         unsigned scaleX;
         unsigned scaleY;
+        bool operator==(const Sizes& other) const {
+            return minHeight == other.minHeight && scaleX == other.scaleX && scaleY == other.scaleY;
+        }
+    };
+    // Leaves in a row with the same sizes, as the runs of a symbol mostly are.
+    struct Stretch {
+        Sizes sizes;
+        std::size_t leaves;
     };
 
     void visit(BarcodeSpace* space) override;
@@ -33,11 +41,13 @@ private:
     void visit(BarcodeText* text) override;
     void take(AbstractBarcodeRect* leaf);
 
-    std::vector<Sizes> sizes;
+    std::vector<Stretch> stretches;
     unsigned treeWidth;
     unsigned treeHeight;
-    // Leaves visited so far while restoring; a repeated row passes its original's leaves again.
-    std::size_t next = 0;
+    // Where restoring stands: the stretch, and the leaves of it already restored. A repeated row
+    // passes its original's leaves again.
+    std::size_t stretch = 0;
+    std::size_t restored = 0;
     bool restoring = false;
 };
 

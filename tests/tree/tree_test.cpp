@@ -111,6 +111,31 @@ TEST(EncodeLine, CutsRunsAndFlagsOnlyTheLastRunOfTheLastCall) {
     }
 }
 
+// Runs of many calls share blocks, and a leaf made alone between them starts a new one; every
+// leaf is there once and the row frees them all (a leak checker sees the rest).
+TEST(EncodeLine, RunsOfManyCallsAndLeavesMadeAloneLiveTogether) {
+    constexpr unsigned kCalls = 40;
+    constexpr unsigned kAloneEvery = 7;
+    BarcodeRow row;
+    unsigned leaves = 0;
+    unsigned modules = 0;
+    for (unsigned call = 0; call < kCalls; ++call) {
+        encode_line("01100", &row, false, call, call + 1 == kCalls);
+        leaves += 3;
+        modules += 5;
+        if (call % kAloneEvery == 0) {
+            row.add(new BarcodeBar(2, 1, false, false));
+            leaves += 1;
+            modules += 2;
+        }
+    }
+    const std::vector<VelkoTest::Leaf> made = VelkoTest::leavesOf(&row);
+    EXPECT_EQ(made.size(), leaves);
+    EXPECT_EQ(row.getMinWidth(), modules);
+    EXPECT_EQ(made.back().customData, kCalls - 1);
+    EXPECT_TRUE(made.back().last);
+}
+
 TEST(Tree, RefusesBrokenCallsWithTheRightException) {
     const unsigned unexpected = BarcodeException::kUnexpectedCode;
     const unsigned oom = BarcodeException::kOutOfMemoryCode;
