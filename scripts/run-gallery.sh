@@ -7,7 +7,7 @@ cmake -S . -B build-release -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELKO_BUILD_TE
 cmake --build build-release -j "$(nproc)" --target velko-barcode
 tool=build-release/tools/cli/velko-barcode
 mkdir -p gallery
-"$tool" --gallery gallery
+"$tool" --verify --gallery gallery
 "$tool" -o gallery/label_ean13.png -s Width=300 -s Height=150 -s FontSize=16 4006381333931
 "$tool" -o gallery/label_code128.png -t 4 -s Width=400 -s Height=120 "SHIP-2026/11/23 #42"
 "$tool" -o gallery/label_qr.png -t 16 -s Width=300 -s Height=300 "https://example.com/track/42"
