@@ -1,5 +1,6 @@
 // The least a host does to get one picture: minimal_host LIBRARY OUT.png draws the EAN-13
-// 4006381333931 at 300 x 150 pixels. Built against host/velko_interfaces.h alone.
+// 4006381333931 at 300 x 150 pixels. Built against velko_interfaces.h alone (pkg-config
+// --cflags velko-barcode, or find_package(VelkoBarcode) and VelkoBarcode::interfaces).
 
 #include <dlfcn.h>
 
@@ -8,7 +9,7 @@
 #include <cstring>
 #include <string>
 
-#include "host/velko_interfaces.h"
+#include <velko_interfaces.h>
 
 namespace {
 

@@ -4,7 +4,7 @@
 # find_package, and read the EAN-13 each draws; then the installed tool, reading back with its
 # module, and its man page.
 set -u
-cmake=$1 build=$2 here=$3 cxx=$4 pkgconfig=$5 generator=$6 reader=$7
+cmake=$1 build=$2 here=$3 cxx=$4 pkgconfig=$5 generator=$6 reader=$7 host=$8
 tmp=$(mktemp -d)
 trap 'rm -rf "$tmp"' EXIT
 fail() {
@@ -21,17 +21,18 @@ prefix=$tmp/prefix
 pc=$(find "$prefix" -name velko-barcode.pc)
 [ -n "$pc" ] || fail "no velko-barcode.pc"
 export PKG_CONFIG_PATH="${pc%/*}"
-"$cxx" -std=c++17 $("$pkgconfig" --cflags velko-barcode) \
-    -DVELKO_EXTENSION_FILE="\"$("$pkgconfig" --variable=extension velko-barcode)\"" \
-    "$here/tiny_host.cpp" -o "$tmp/pc_host" $("$pkgconfig" --libs velko-barcode) ||
-    fail "the pkg-config host doesn't compile"
-"$tmp/pc_host" >"$tmp/pc.png" || fail "the pkg-config host drew nothing"
+"$cxx" -std=c++17 $("$pkgconfig" --cflags velko-barcode) "$host" -o "$tmp/pc_host" \
+    $("$pkgconfig" --libs velko-barcode) || fail "the pkg-config host doesn't compile"
+"$tmp/pc_host" "$("$pkgconfig" --variable=extension velko-barcode)" "$tmp/pc.png" ||
+    fail "the pkg-config host drew nothing"
 [ "$("$reader" "$tmp/pc.png")" = $ean13 ] || fail "the pkg-config host's EAN-13 doesn't read"
 
 "$cmake" -S "$here/find_package_host" -B "$tmp/fp" -G "$generator" \
-    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$cxx" >"$tmp/fp.log" 2>&1 &&
+    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$cxx" -DEXAMPLE_HOST="$host" \
+    >"$tmp/fp.log" 2>&1 &&
     "$cmake" --build "$tmp/fp" >>"$tmp/fp.log" 2>&1 || { cat "$tmp/fp.log"; fail "find_package"; }
-"$tmp/fp/tiny_host" >"$tmp/fp.png" || fail "the find_package host drew nothing"
+"$tmp/fp/minimal_host" "$(cat "$tmp/fp/extension.txt")" "$tmp/fp.png" ||
+    fail "the find_package host drew nothing"
 [ "$("$reader" "$tmp/fp.png")" = $ean13 ] || fail "the find_package host's EAN-13 doesn't read"
 
 tool=$prefix/bin/velko-barcode
