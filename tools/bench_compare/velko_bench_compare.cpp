@@ -40,6 +40,7 @@
 #include <lodepng.h>
 #include <zint.h>
 
+#include "BarcodeLib/facade/code_types.h"
 #include "tools/host/extension_library.h"
 #include "tools/host/extension_session.h"
 
@@ -62,8 +63,6 @@ struct CodeType {
     const char* name;
     int zintType;
     Shape shape;
-    int demoWidth;
-    int demoHeight;
     // zint's input mode and options, where our symbol needs them to match.
     int inputMode;
     int option2;
@@ -75,42 +74,34 @@ struct CodeType {
 
 constexpr int kGs1 = GS1_MODE | GS1PARENS_MODE;
 
-// Sizes as the gallery draws each type.
+// The symbologies; each is drawn at its demo size from the code-type table and at a large one.
 const CodeType kTypes[] = {
-    {0, "EAN-8", BARCODE_EANX, Shape::Linear, 150, 100, 0, 0, "", "0123456"},
-    {1, "EAN-13", BARCODE_EANX, Shape::Linear, 150, 100, 0, 0, "", "123456789012"},
-    {2, "EAN-128", BARCODE_GS1_128, Shape::Linear, 260, 100, kGs1, 0, "", "(11)040509(20)12"},
-    {3, "Code 39", BARCODE_CODE39, Shape::Linear, 150, 100, 0, 0, "", "CODE39"},
-    {4, "Code 128", BARCODE_CODE128, Shape::Linear, 260, 100, 0, 0, "", "Code128 example"},
-    {5, "Code 16K", BARCODE_CODE16K, Shape::Stacked, 250, 90, 0, 0, "", "Code16k"},
-    {6, "PDF417", BARCODE_PDF417, Shape::Stacked, 360, 100, 0, 0, "", "PDF417 example"},
-    {7, "Standard 2 of 5", BARCODE_C25IND, Shape::Linear, 150, 100, 0, 1, "", "12345"},
-    {8, "Interleaved 2 of 5", BARCODE_C25INTER, Shape::Linear, 150, 100, 0, 1, "", "12345"},
-    {9, "Code 39 extended", BARCODE_EXCODE39, Shape::Linear, 200, 100, 0, 0, "", "Code39"},
-    {10, "Code 93", BARCODE_CODE93, Shape::Linear, 150, 100, 0, 0, "", "Code93"},
-    {11, "ITF-14", BARCODE_ITF14, Shape::Linear, 150, 100, 0, 0, "", "1123456789012"},
-    {12, "RSS-14", BARCODE_DBAR_OMN, Shape::Linear, 300, 100, 0, 0, "", "1234567890128"},
-    {13, "Codabar", BARCODE_CODABAR, Shape::Linear, 150, 100, 0, 0, "", "A12345B"},
-    {14, "EAN-13 + 2", BARCODE_EANX, Shape::Linear, 150, 100, 0, 0, "123456789012+34",
-     "123456789012834"},
-    {15, "EAN-13 + 5", BARCODE_EANX, Shape::Linear, 200, 100, 0, 0, "123456789012+12345",
+    {0, "EAN-8", BARCODE_EANX, Shape::Linear, 0, 0, "", "0123456"},
+    {1, "EAN-13", BARCODE_EANX, Shape::Linear, 0, 0, "", "123456789012"},
+    {2, "EAN-128", BARCODE_GS1_128, Shape::Linear, kGs1, 0, "", "(11)040509(20)12"},
+    {3, "Code 39", BARCODE_CODE39, Shape::Linear, 0, 0, "", "CODE39"},
+    {4, "Code 128", BARCODE_CODE128, Shape::Linear, 0, 0, "", "Code128 example"},
+    {5, "Code 16K", BARCODE_CODE16K, Shape::Stacked, 0, 0, "", "Code16k"},
+    {6, "PDF417", BARCODE_PDF417, Shape::Stacked, 0, 0, "", "PDF417 example"},
+    {7, "Standard 2 of 5", BARCODE_C25IND, Shape::Linear, 0, 1, "", "12345"},
+    {8, "Interleaved 2 of 5", BARCODE_C25INTER, Shape::Linear, 0, 1, "", "12345"},
+    {9, "Code 39 extended", BARCODE_EXCODE39, Shape::Linear, 0, 0, "", "Code39"},
+    {10, "Code 93", BARCODE_CODE93, Shape::Linear, 0, 0, "", "Code93"},
+    {11, "ITF-14", BARCODE_ITF14, Shape::Linear, 0, 0, "", "1123456789012"},
+    {12, "RSS-14", BARCODE_DBAR_OMN, Shape::Linear, 0, 0, "", "1234567890128"},
+    {13, "Codabar", BARCODE_CODABAR, Shape::Linear, 0, 0, "", "A12345B"},
+    {14, "EAN-13 + 2", BARCODE_EANX, Shape::Linear, 0, 0, "123456789012+34", "123456789012834"},
+    {15, "EAN-13 + 5", BARCODE_EANX, Shape::Linear, 0, 0, "123456789012+12345",
      "123456789012812345"},
-    {16, "QR Code", BARCODE_QRCODE, Shape::Matrix, 150, 150, 0, 0, "", "QR example"},
-    {17, "DataBar Exp. Stacked", BARCODE_DBAR_EXPSTK, Shape::Stacked, 220, 100, kGs1, 0, "",
-     "(10)12A"},
-    {18, "Data Matrix ASCII", BARCODE_DATAMATRIX, Shape::Matrix, 150, 150, 0, 0, "",
-     "30Q324343430794<OQQ"},
-    {19, "Data Matrix Base256", BARCODE_DATAMATRIX, Shape::Matrix, 150, 150, 0, 0, "",
-     "30Q324343430794<OQQ"},
-    {20, "Data Matrix Text", BARCODE_DATAMATRIX, Shape::Matrix, 150, 150, 0, 0, "",
-     "30Q324343430794<OQQ"},
-    {21, "Data Matrix C40", BARCODE_DATAMATRIX, Shape::Matrix, 150, 150, 0, 0, "",
-     "30Q324343430794<OQQ"},
-    {22, "Data Matrix X12", BARCODE_DATAMATRIX, Shape::Matrix, 150, 150, 0, 0, "",
-     "30Q324343430794>OQQ"},
-    {23, "Data Matrix EDIFACT", BARCODE_DATAMATRIX, Shape::Matrix, 150, 150, 0, 0, "",
-     "30Q324343430794<OQQ"},
-    {24, "GS1 Data Matrix", BARCODE_DATAMATRIX, Shape::Matrix, 150, 150, kGs1, 0, "",
+    {16, "QR Code", BARCODE_QRCODE, Shape::Matrix, 0, 0, "", "QR example"},
+    {17, "DataBar Exp. Stacked", BARCODE_DBAR_EXPSTK, Shape::Stacked, kGs1, 0, "", "(10)12A"},
+    {18, "Data Matrix ASCII", BARCODE_DATAMATRIX, Shape::Matrix, 0, 0, "", "30Q324343430794<OQQ"},
+    {19, "Data Matrix Base256", BARCODE_DATAMATRIX, Shape::Matrix, 0, 0, "", "30Q324343430794<OQQ"},
+    {20, "Data Matrix Text", BARCODE_DATAMATRIX, Shape::Matrix, 0, 0, "", "30Q324343430794<OQQ"},
+    {21, "Data Matrix C40", BARCODE_DATAMATRIX, Shape::Matrix, 0, 0, "", "30Q324343430794<OQQ"},
+    {22, "Data Matrix X12", BARCODE_DATAMATRIX, Shape::Matrix, 0, 0, "", "30Q324343430794>OQQ"},
+    {23, "Data Matrix EDIFACT", BARCODE_DATAMATRIX, Shape::Matrix, 0, 0, "", "30Q324343430794<OQQ"},
+    {24, "GS1 Data Matrix", BARCODE_DATAMATRIX, Shape::Matrix, kGs1, 0, "",
      "(01)04600822901507(11)161109(30)2434"},
 };
 
@@ -315,7 +306,9 @@ double sizeAgainstLodePng(const std::vector<unsigned char>& png) {
 std::vector<Case> makeCases() {
     std::vector<Case> cases;
     for (const CodeType& type : kTypes) {
-        Case c{&type, type.demoWidth, type.demoHeight, type.ourValue, type.zintData};
+        const BarcodeVelko::CodeTypeRow& row = BarcodeVelko::g_codeTypes[type.ourType];
+        Case c{&type, static_cast<int>(row.demoWidth), static_cast<int>(row.demoHeight),
+               type.ourValue, type.zintData};
         if (c.zintValue.empty()) {
             c.zintValue = c.ourValue;
         }
@@ -362,7 +355,9 @@ int main(int argc, char** argv) {
     int status = 0;
     for (const Case& c : makeCases()) {
         const std::string name =
-            std::string(c.type->name) + (c.width > c.type->demoWidth ? " L" : "");
+            std::string(c.type->name) +
+            (c.width > static_cast<int>(BarcodeVelko::g_codeTypes[c.type->ourType].demoWidth) ? " L"
+                                                                                              : "");
         if (name.compare(0, only.size(), only) != 0) {
             continue;
         }
