@@ -34,8 +34,7 @@ const unsigned kWidth = 80;  // modules, of the bars above and below the rows
 const unsigned kRowHeight = 8;
 const unsigned kQuiet = 5;  // light modules before a row's start and behind its stop
 
-bool dark(const VelkoTest::Picture& picture, unsigned x, unsigned y) {
-    const unsigned pixel = picture.pixel(x, y);
+bool dark(unsigned pixel) {
     const unsigned luminance = (pixel & 0xff) + (pixel >> 8 & 0xff) + (pixel >> 16 & 0xff);
     return luminance < 3 * 128;
 }
@@ -143,22 +142,13 @@ Reading read(const VelkoTest::Picture& picture) {
         reading.error = why;
         return reading;
     };
-    unsigned left = picture.width, right = 0, top = picture.height, bottom = 0;
-    for (unsigned y = 0; y < picture.height; ++y) {
-        for (unsigned x = 0; x < picture.width; ++x) {
-            if (dark(picture, x, y)) {
-                left = std::min(left, x);
-                right = std::max(right, x);
-                top = std::min(top, y);
-                bottom = std::max(bottom, y);
-            }
-        }
-    }
-    if (left > right) {
+    const VelkoTest::Box box = VelkoTest::boxOf(picture, dark);
+    if (box.right == 0) {
         return fail("nothing dark");
     }
-    const unsigned width = right - left + 1;
-    const unsigned height = bottom - top + 1;
+    const unsigned left = box.left, top = box.top;
+    const unsigned width = box.right - left;
+    const unsigned height = box.bottom - top;
     const unsigned x = width / kWidth;
     if (x == 0 || width % kWidth != 0 || height % x != 0 || (height / x - 1) % (kRowHeight + 1)) {
         return fail("not a grid of 80 modules and 9-module rows: " + std::to_string(width) + " x " +
@@ -176,7 +166,8 @@ Reading read(const VelkoTest::Picture& picture) {
         for (unsigned dy = 0; dy < modules * x; ++dy) {
             std::string bits;
             for (unsigned m = 0; m < kWidth; ++m) {
-                bits += dark(picture, left + m * x + x / 2, top + moduleRow * x + dy) ? '1' : '0';
+                bits +=
+                    dark(picture.pixel(left + m * x + x / 2, top + moduleRow * x + dy)) ? '1' : '0';
             }
             if (dy > 0 && bits != first) {
                 return std::string("uneven");

@@ -9,8 +9,6 @@
 #include <string>
 #include <vector>
 
-#include <ZXing/ReadBarcode.h>
-
 #include "BarcodeLib/facade/barcode_facade2.h"
 #include "host/text_forms.h"
 #include "tests/support/scan_harness.h"
@@ -27,20 +25,10 @@ struct Box {
     unsigned left, top, width, height;
 };
 
-// The dark pixels' bounding box; width 0 if there are none.
 Box darkBox(const Picture& picture) {
-    unsigned left = picture.width, right = 0, top = picture.height, bottom = 0;
-    for (unsigned y = 0; y < picture.height; ++y) {
-        for (unsigned x = 0; x < picture.width; ++x) {
-            if ((picture.pixel(x, y) & 0xFFFFFF) == 0) {
-                left = std::min(left, x);
-                right = std::max(right, x);
-                top = std::min(top, y);
-                bottom = std::max(bottom, y);
-            }
-        }
-    }
-    return left > right ? Box{0, 0, 0, 0} : Box{left, top, right + 1 - left, bottom + 1 - top};
+    const VelkoTest::Box box =
+        VelkoTest::boxOf(picture, [](unsigned pixel) { return (pixel & 0xFFFFFF) == 0; });
+    return {box.left, box.top, box.right - box.left, box.bottom - box.top};
 }
 
 // The symbol has no quiet zone of its own and may fill its picture; printed, the label around
@@ -63,24 +51,8 @@ Picture onLabel(const Picture& picture) {
     return label;
 }
 
-// What zxing-cpp reads: the bytes in the symbol, a separator as byte 29, and the symbology
-// identifier.
-struct Reading {
-    std::string bytes, symbology;
-};
-
-Reading readDataMatrix(const Picture& drawn) {
-    Picture picture = onLabel(drawn);
-    const ZXing::ImageView view(picture.rgba.data(), static_cast<int>(picture.width),
-                                static_cast<int>(picture.height), ZXing::ImageFormat::RGBX);
-    ZXing::DecodeHints hints;
-    hints.setFormats(ZXing::BarcodeFormat::DataMatrix).setTryRotate(true);
-    const ZXing::Result result = ZXing::ReadBarcode(view, hints);
-    if (!result.isValid()) {
-        return {};
-    }
-    return {std::string(result.bytes().begin(), result.bytes().end()),
-            result.symbologyIdentifier()};
+VelkoTest::Reading readDataMatrix(const Picture& drawn) {
+    return VelkoTest::readSymbol(onLabel(drawn), ZXing::BarcodeFormat::DataMatrix);
 }
 
 // zxing-cpp 1.4 expects the error correction of the 144 x 144 size in another order than
@@ -206,7 +178,7 @@ TEST(DataMatrixScan, GS1ElementStringsReadWithTheirSeparators) {
     };
     for (const auto& c : cases) {
         BarcodeFacade2 facade;
-        const Reading reading = readDataMatrix(drawCentred(facade, c.type, c.value));
+        const VelkoTest::Reading reading = readDataMatrix(drawCentred(facade, c.type, c.value));
         EXPECT_EQ(facade.getLastError().code(), 0);
         EXPECT_EQ(reading.symbology, c.symbology) << wstr2str(c.value);
         EXPECT_EQ(reading.bytes, c.bytes);

@@ -138,18 +138,9 @@ struct Gaps {
 
 Gaps logicalGaps(const Picture& picture, unsigned rotation) {
     const Picture canvas = upright(picture, rotation);
-    unsigned minX = canvas.width, minY = canvas.height, maxX = 0, maxY = 0;
-    for (unsigned y = 0; y < canvas.height; ++y) {
-        for (unsigned x = 0; x < canvas.width; ++x) {
-            if (canvas.pixel(x, y) == kBlack) {
-                minX = std::min(minX, x);
-                maxX = std::max(maxX, x);
-                minY = std::min(minY, y);
-                maxY = std::max(maxY, y);
-            }
-        }
-    }
-    return {minY, canvas.height - 1 - maxY, minX, canvas.width - 1 - maxX};
+    const VelkoTest::Box box =
+        VelkoTest::boxOf(canvas, [](unsigned pixel) { return pixel == kBlack; });
+    return {box.top, canvas.height - box.bottom, box.left, canvas.width - box.right};
 }
 
 TEST(RenderTest, VerticalAlignmentPlacesASquareSymbol) {

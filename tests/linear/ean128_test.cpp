@@ -6,9 +6,6 @@
 #include <string>
 #include <vector>
 
-#include <ZXing/ImageView.h>
-#include <ZXing/ReadBarcode.h>
-
 #include "BarcodeLib/errors/barcode_exception.h"
 #include "BarcodeLib/facade/barcode_facade2.h"
 #include "BarcodeLib/facade/code_types.h"
@@ -82,17 +79,10 @@ TEST(EAN128, ContextCursor) {
               BarcodeException::kOutOfMemoryCode);
 }
 
-struct Reading {
-    std::string symbology;  // "]C1" for GS1, "]C0" for plain Code 128
-    std::string text;
-};
+using VelkoTest::Reading;
 
 Reading read(const VelkoTest::Picture& picture) {
-    const ZXing::ImageView view(picture.rgba.data(), static_cast<int>(picture.width),
-                                static_cast<int>(picture.height), ZXing::ImageFormat::RGBX);
-    const ZXing::Result result = ZXing::ReadBarcode(
-        view, ZXing::DecodeHints().setFormats(ZXing::BarcodeFormat::Code128).setTryHarder(true));
-    return {result.symbologyIdentifier(), result.text()};
+    return VelkoTest::readSymbol(picture, ZXing::BarcodeFormat::Code128);
 }
 
 Reading draw(const std::wstring& value, int dataType = 0, unsigned width = 500) {

@@ -4,7 +4,6 @@
 #include <ZXing/BarcodeFormat.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <string>
 #include <vector>
@@ -62,6 +61,10 @@ VelkoTest::Picture drawQR(unsigned level, const PImage& logo, double percent, un
     return VelkoTest::render(facade);
 }
 
+VelkoTest::Box boundsOf(const VelkoTest::Picture& picture, unsigned color) {
+    return VelkoTest::boxOf(picture, [color](unsigned pixel) { return pixel == color; });
+}
+
 TEST(LogoStep, StampedInTheMiddleAndStillScans) {
     struct Case {
         unsigned logoWidth, logoHeight;
@@ -86,15 +89,7 @@ TEST(LogoStep, StampedInTheMiddleAndStillScans) {
                                  : picture.width * percent / 100 / c.logoWidth;
         const unsigned w = static_cast<unsigned>(c.logoWidth * scale);
         const unsigned h = static_cast<unsigned>(c.logoHeight * scale);
-        unsigned left = picture.width, top = picture.height, right = 0, bottom = 0;
-        for (unsigned y = 0; y < picture.height; ++y) {
-            for (unsigned x = 0; x < picture.width; ++x) {
-                if (picture.pixel(x, y) == kOrange) {
-                    left = std::min(left, x), right = std::max(right, x + 1);
-                    top = std::min(top, y), bottom = std::max(bottom, y + 1);
-                }
-            }
-        }
+        const auto [left, top, right, bottom] = boundsOf(picture, kOrange);
         EXPECT_EQ(left, (picture.width - w) / 2) << c.note;
         EXPECT_EQ(top, (picture.height - h) / 2) << c.note;
         EXPECT_EQ(right - left, w) << c.note;
@@ -104,20 +99,6 @@ TEST(LogoStep, StampedInTheMiddleAndStillScans) {
             EXPECT_EQ(VelkoTest::scan(picture, ZXing::BarcodeFormat::QRCode), kValue) << c.note;
         }
     }
-}
-
-// The bounding box of the pixels of one colour, as left, top, right, bottom.
-std::array<unsigned, 4> boundsOf(const VelkoTest::Picture& picture, unsigned color) {
-    std::array<unsigned, 4> box = {picture.width, picture.height, 0, 0};
-    for (unsigned y = 0; y < picture.height; ++y) {
-        for (unsigned x = 0; x < picture.width; ++x) {
-            if (picture.pixel(x, y) == color) {
-                box = {std::min(box[0], x), std::min(box[1], y), std::max(box[2], x + 1),
-                       std::max(box[3], y + 1)};
-            }
-        }
-    }
-    return box;
 }
 
 TEST(LogoStep, CentredOnTheSymbolAtEveryRotationAndShape) {
@@ -138,11 +119,11 @@ TEST(LogoStep, CentredOnTheSymbolAtEveryRotationAndShape) {
                 const std::string note =
                     std::to_string(rotation) + " degrees, " + std::to_string(shape[0]) + " x " +
                     std::to_string(shape[1]) + ", align " + std::to_string(align);
-                ASSERT_LT(logo[0], logo[2]) << note;
-                EXPECT_NEAR(logo[0] + logo[2], symbol[0] + symbol[2], 2.0) << note;
-                EXPECT_NEAR(logo[1] + logo[3], symbol[1] + symbol[3], 2.0) << note;
+                ASSERT_LT(logo.left, logo.right) << note;
+                EXPECT_NEAR(logo.left + logo.right, symbol.left + symbol.right, 2.0) << note;
+                EXPECT_NEAR(logo.top + logo.bottom, symbol.top + symbol.bottom, 2.0) << note;
                 // Upright: wider than high, as the logo is.
-                EXPECT_GT(logo[2] - logo[0], logo[3] - logo[1]) << note;
+                EXPECT_GT(logo.right - logo.left, logo.bottom - logo.top) << note;
             }
         }
     }

@@ -25,6 +25,19 @@ unsigned Picture::pixel(unsigned x, unsigned y) const {
     return p[0] | p[1] << 8 | p[2] << 16 | static_cast<unsigned>(p[3]) << 24;
 }
 
+Box boxOf(const Picture& picture, const std::function<bool(unsigned pixel)>& pick) {
+    Box box = {picture.width, picture.height, 0, 0};
+    for (unsigned y = 0; y < picture.height; ++y) {
+        for (unsigned x = 0; x < picture.width; ++x) {
+            if (pick(picture.pixel(x, y))) {
+                box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
+                       std::max(box.bottom, y + 1)};
+            }
+        }
+    }
+    return box.right == 0 ? Box{0, 0, 0, 0} : box;
+}
+
 Picture decodePng(const std::vector<unsigned char>& png) {
     Picture picture;
     if (lodepng::decode(picture.rgba, picture.width, picture.height, png) != 0) {
@@ -59,15 +72,23 @@ Picture draw(unsigned type, const std::wstring& value, unsigned width, unsigned 
     return picture;
 }
 
-std::string scan(const Picture& picture, ZXing::BarcodeFormat format, ZXing::DecodeHints hints) {
+Reading readSymbol(const Picture& picture, ZXing::BarcodeFormat format, ZXing::DecodeHints hints) {
     if (picture.width == 0 || picture.height == 0) {
-        return std::string();
+        return {};
     }
     const ZXing::ImageView view(picture.rgba.data(), static_cast<int>(picture.width),
                                 static_cast<int>(picture.height), ZXing::ImageFormat::RGBX);
     hints.setFormats(format).setTryHarder(true).setTryRotate(true);
     const ZXing::Result result = ZXing::ReadBarcode(view, hints);
-    return result.isValid() ? result.text() : std::string();
+    if (!result.isValid()) {
+        return {};
+    }
+    return {result.text(), std::string(result.bytes().begin(), result.bytes().end()),
+            result.symbologyIdentifier()};
+}
+
+std::string scan(const Picture& picture, ZXing::BarcodeFormat format, ZXing::DecodeHints hints) {
+    return readSymbol(picture, format, hints).text;
 }
 
 Picture rotate90(const Picture& picture) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,13 @@ struct Picture {
     unsigned pixel(unsigned x, unsigned y) const;
 };
 
+// The bounding box of the pixels (as Picture::pixel gives them) that pick selects, right and
+// bottom one past the last; all 0 if none is.
+struct Box {
+    unsigned left, top, right, bottom;
+};
+Box boxOf(const Picture& picture, const std::function<bool(unsigned pixel)>& pick);
+
 // An empty picture (width and height 0) if the bytes aren't a PNG file.
 Picture decodePng(const std::vector<unsigned char>& png);
 
@@ -46,8 +54,16 @@ void setUp(BarcodeVelko::BarcodeFacade2& facade, unsigned type, unsigned width, 
 Picture draw(unsigned type, const std::wstring& value, unsigned width, unsigned height,
              unsigned rotation = 0);
 
-// The text of the one symbol of that format, UTF-8, trying harder and in all orientations;
-// empty when nothing is read. Alpha is ignored. hints carries the reader's other options.
+// The one symbol of that format, read trying harder and in all orientations: its text in UTF-8,
+// its bytes (a separator as byte 29) and its symbology identifier; all empty when nothing is
+// read. Alpha is ignored. hints carries the reader's other options.
+struct Reading {
+    std::string text, bytes, symbology;
+};
+Reading readSymbol(const Picture& picture, ZXing::BarcodeFormat format,
+                   ZXing::DecodeHints hints = {});
+
+// readSymbol's text.
 std::string scan(const Picture& picture, ZXing::BarcodeFormat format,
                  ZXing::DecodeHints hints = {});
 

@@ -67,16 +67,6 @@ public:
     void visit(BarcodeText*) override {}
 };
 
-// A column of a bars row of `pattern` and a text row of `textWidth` modules and height 0.
-void buildSymbol(BarcodeColumn& column, const char* pattern, unsigned textWidth) {
-    auto* bars = new BarcodeRow;
-    column.add(bars);
-    encode_line(pattern, bars, false, 0, true);
-    auto* texts = new BarcodeRow;
-    column.add(texts);
-    texts->add(new BarcodeText(textWidth, 0, L"x"));
-}
-
 }  // namespace
 
 TEST(EncodeLine, CutsRunsAndFlagsOnlyTheLastRunOfTheLastCall) {
@@ -172,7 +162,9 @@ TEST(Tree, RefusesBrokenCallsWithTheRightException) {
     encode_line("1", &row, false, 0, false);
     EXPECT_EQ(thrownCode([&] { row.visit(&throwing); }), oom);
     BarcodeColumn column;
-    buildSymbol(column, "0", 1);
+    auto* nested = new BarcodeRow;
+    column.add(nested);
+    encode_line("0", nested, false, 0, false);
     EXPECT_EQ(thrownCode([&] { column.visit(&throwing); }), unexpected);
 }
 
