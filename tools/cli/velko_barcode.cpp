@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <lodepng.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -28,6 +26,7 @@
 #include "tools/cli/label.h"
 #include "tools/cli/library_choice.h"
 #include "tools/cli/ordered_pool.h"
+#include "tools/cli/png_size.h"
 #include "tools/cli/reader_module.h"
 #include "tools/cli/text_check.h"
 #include "tools/cli/warnings.h"
@@ -141,13 +140,8 @@ std::string readLogo(const std::string& path) {
                             std::istreambuf_iterator<char>());
     unsigned width = 0;
     unsigned height = 0;
-    LodePNGState state;
-    lodepng_state_init(&state);
-    const unsigned error =
-        lodepng_inspect(&width, &height, &state,
-                        reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
-    lodepng_state_cleanup(&state);
-    if (error != 0) {
+    if (!VelkoCli::pngSize(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
+                           width, height)) {
         throw UsageError{"the logo " + path + " is not a PNG file", false};
     }
     return raw2Base64(bytes);
