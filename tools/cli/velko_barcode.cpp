@@ -408,13 +408,11 @@ int gallery(const ExtensionLibrary& library, const Options& options) {
         const VelkoCli::Label label =
             VelkoCli::drawLabel(session, row.galleryValue ? row.galleryValue : "", options.verify);
         writePicture(label.png, path);
-        const bool clean = label.clean;
-        const std::string& value = label.text;
         if (!label.good()) {
             exit = kErrorPicture;
         }
         if (!options.quiet) {
-            std::cout << path << ": " << (clean ? value : "error picture") << "\n";
+            std::cout << path << ": " << (label.clean ? label.text : "error picture") << "\n";
         }
         tell(path, label);
         std::string settings;
@@ -423,8 +421,8 @@ int gallery(const ExtensionLibrary& library, const Options& options) {
                         (setting.size() > 40 ? setting.substr(0, 37) + "..." : setting);
         }
         index << "<tr><td>" << type << " " << row.name << "</td><td><img src=\"" << name
-              << "\"></td><td>" << htmlEscaped(clean ? value : "(error picture)") << "</td><td>"
-              << htmlEscaped(settings) << "</td></tr>\n";
+              << "\"></td><td>" << htmlEscaped(label.clean ? label.text : "(error picture)")
+              << "</td><td>" << htmlEscaped(settings) << "</td></tr>\n";
     }
     index << "</table>\n";
     std::ofstream(options.gallery + "/index.html") << index.str();
