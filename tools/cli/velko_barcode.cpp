@@ -494,8 +494,8 @@ std::vector<std::string> readLines(const std::string& path) {
 struct BatchLine {
     std::string path;
     std::string report;
-    bool good = false;
     bool blank = false;
+    // Left empty, so not good, for a value the object refused.
     VelkoCli::Label label;
 };
 
@@ -558,7 +558,6 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
             take(*probe, values[i]);
         }
         line.label = VelkoCli::drawLabel(*session, values[i], options.verify, probe.get());
-        line.good = line.label.good();
         const std::string suffix = line.label.clean ? ".png" : ".error.png";
         line.path = (std::filesystem::path(options.out) / (name + suffix)).string();
         writePicture(line.label.png, line.path);
@@ -595,7 +594,7 @@ int batch(const ExtensionLibrary& library, const Options& options) {
             if (line.blank) {
                 ++blanks;
                 failures.push_back(line.report);
-            } else if (line.good) {
+            } else if (line.label.good()) {
                 ++good;
             } else {
                 failures.push_back("line " + std::to_string(i + 1) + ": not clean: \"" + values[i] +
