@@ -276,8 +276,15 @@ std::string libraryFont(ExtensionSession& session, const std::string& name) {
     return translated;
 }
 
-// Writes one property, reading the text by the property's type as a read of it shows.
-void write(ExtensionSession& session, const std::string& name, const std::string& text) {
+// A property write resolved once: its index and the text read as the value it stands for.
+struct ResolvedWrite {
+    long index;
+    Write write;
+    Value value;
+};
+
+// Reads the text by the property's type as a read of it shows.
+ResolvedWrite resolve(ExtensionSession& session, const std::string& name, const std::string& text) {
     const long index = session.propIndex(name);
     if (index < 0) {
         throw UsageError{"no property named " + name};
@@ -296,12 +303,21 @@ void write(ExtensionSession& session, const std::string& name, const std::string
         }
         value = text == "true";
     }
-    if (!session.set(index, value)) {
+    return {index, {name, text}, value};
+}
+
+void write(ExtensionSession& session, const ResolvedWrite& resolved) {
+    if (!session.set(resolved.index, resolved.value)) {
         const std::string reason = lastHostError(session);
+        const auto& [name, text] = resolved.write;
         throw UsageError{"the object refused " + name + "=" + text +
                              (reason.empty() ? std::string() : ": " + reason),
                          false};
     }
+}
+
+void write(ExtensionSession& session, const std::string& name, const std::string& text) {
+    write(session, resolve(session, name, text));
 }
 
 std::string text(const Value& value) {
@@ -524,11 +540,12 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
     auto session = std::make_shared<ExtensionSession>(library);
     writeAll(*session, options.writes);
     const std::shared_ptr<ExtensionSession> probe = textProbe(library, options, *session);
-    std::vector<Write> logo;
-    for (const Write& write : options.writes) {
-        const long index = session->propIndex(write.first);
+    // Resolved here once, not again for each value.
+    std::vector<ResolvedWrite> logo;
+    for (const auto& [name, text] : options.writes) {
+        const long index = session->propIndex(name);
         if (index == session->propIndex("LogoImage") || index == session->propIndex(kLogoSize)) {
-            logo.push_back(write);
+            logo.push_back(resolve(*session, name, text));
         }
     }
     const Value raw = session->get("CodeIsRaw");
@@ -538,7 +555,9 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
         if (searching) {
             object.set("CodeAuto", true);
         }
-        writeAll(object, logo);
+        for (const ResolvedWrite& logoWrite : logo) {
+            write(object, logoWrite);
+        }
         return object.set("CodeValue", value);
     };
     return [=, &options, &values](size_t i) {
