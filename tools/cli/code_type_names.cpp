@@ -1,7 +1,5 @@
 #include "tools/cli/code_type_names.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <memory>
 
@@ -9,6 +7,7 @@
 #include "BarcodeLib/strategy/abstract_barcode_strategy.h"
 #include "host/text_forms.h"
 #include "layer/foundation/string_helpers.h"
+#include "tools/cli/expected_reading.h"
 
 namespace VelkoCli {
 
@@ -75,8 +74,7 @@ std::string demoValue(const BarcodeVelko::CodeTypeRow& row) {
 }  // namespace
 
 int codeTypeNamed(const std::string& text) {
-    if (!text.empty() && std::all_of(text.begin(), text.end(),
-                                     [](unsigned char c) { return std::isdigit(c) != 0; })) {
+    if (allDigits(text)) {
         const unsigned long number = text.size() > 2 ? kCodeTypeCount : std::stoul(text);
         return number < kCodeTypeCount ? static_cast<int>(number) : -1;
     }

@@ -1,6 +1,5 @@
 #include "tools/cli/picture_reason.h"
 
-#include <algorithm>
 #include <cctype>
 
 #include "BarcodeLib/errors/error_picture_texts.h"

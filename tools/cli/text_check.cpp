@@ -37,6 +37,28 @@ constexpr char kLastPrintable = '~';
 const char kTwoMarks[] = "!\":;=?ij";
 const char kThreeMarks[] = "%";
 
+// Clears the marked pixels joined to start at sides or corners; stack is room to work in.
+void clearPiece(std::vector<unsigned char>& mark, unsigned width, unsigned height, size_t start,
+                std::vector<size_t>& stack) {
+    mark[start] = 0;
+    stack.push_back(start);
+    while (!stack.empty()) {
+        const size_t at = stack.back();
+        stack.pop_back();
+        const long x = static_cast<long>(at % width);
+        const long y = static_cast<long>(at / width);
+        for (long ny = std::max(y - 1, 0L); ny <= std::min(y + 1, long(height) - 1); ++ny) {
+            for (long nx = std::max(x - 1, 0L); nx <= std::min(x + 1, long(width) - 1); ++nx) {
+                const size_t next = size_t(ny) * width + size_t(nx);
+                if (mark[next]) {
+                    mark[next] = 0;
+                    stack.push_back(next);
+                }
+            }
+        }
+    }
+}
+
 }  // namespace
 
 void setUpTextProbe(VelkoHost::ExtensionSession& probe, VelkoHost::ExtensionSession& session) {
@@ -93,31 +115,9 @@ size_t marksShown(const std::vector<unsigned char>& png, unsigned colour) {
     size_t marks = 0;
     std::vector<size_t> stack;
     for (size_t start = 0; start < mark.size(); ++start) {
-        if (!mark[start]) {
-            continue;
-        }
-        ++marks;
-        mark[start] = 0;
-        stack.push_back(start);
-        while (!stack.empty()) {
-            const size_t at = stack.back();
-            stack.pop_back();
-            const long x = static_cast<long>(at % width);
-            const long y = static_cast<long>(at / width);
-            for (long dy = -1; dy <= 1; ++dy) {
-                for (long dx = -1; dx <= 1; ++dx) {
-                    const long nx = x + dx;
-                    const long ny = y + dy;
-                    if (nx < 0 || ny < 0 || nx >= long(width) || ny >= long(height)) {
-                        continue;
-                    }
-                    const size_t next = size_t(ny) * width + size_t(nx);
-                    if (mark[next]) {
-                        mark[next] = 0;
-                        stack.push_back(next);
-                    }
-                }
-            }
+        if (mark[start]) {
+            ++marks;
+            clearPiece(mark, width, height, start, stack);
         }
     }
     return marks;

@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <lodepng.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -28,6 +26,7 @@
 #include "tools/cli/label.h"
 #include "tools/cli/library_choice.h"
 #include "tools/cli/ordered_pool.h"
+#include "tools/cli/png_size.h"
 #include "tools/cli/reader_module.h"
 #include "tools/cli/text_check.h"
 #include "tools/cli/warnings.h"
@@ -141,13 +140,8 @@ std::string readLogo(const std::string& path) {
                             std::istreambuf_iterator<char>());
     unsigned width = 0;
     unsigned height = 0;
-    LodePNGState state;
-    lodepng_state_init(&state);
-    const unsigned error =
-        lodepng_inspect(&width, &height, &state,
-                        reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
-    lodepng_state_cleanup(&state);
-    if (error != 0) {
+    if (!VelkoCli::pngSize(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
+                           width, height)) {
         throw UsageError{"the logo " + path + " is not a PNG file", false};
     }
     return raw2Base64(bytes);
@@ -282,8 +276,15 @@ std::string libraryFont(ExtensionSession& session, const std::string& name) {
     return translated;
 }
 
-// Writes one property, reading the text by the property's type as a read of it shows.
-void write(ExtensionSession& session, const std::string& name, const std::string& text) {
+// A property write resolved once: its index and the text read as the value it stands for.
+struct ResolvedWrite {
+    long index;
+    Write write;
+    Value value;
+};
+
+// Reads the text by the property's type as a read of it shows.
+ResolvedWrite resolve(ExtensionSession& session, const std::string& name, const std::string& text) {
     const long index = session.propIndex(name);
     if (index < 0) {
         throw UsageError{"no property named " + name};
@@ -302,12 +303,21 @@ void write(ExtensionSession& session, const std::string& name, const std::string
         }
         value = text == "true";
     }
-    if (!session.set(index, value)) {
+    return {index, {name, text}, value};
+}
+
+void write(ExtensionSession& session, const ResolvedWrite& resolved) {
+    if (!session.set(resolved.index, resolved.value)) {
         const std::string reason = lastHostError(session);
+        const auto& [name, text] = resolved.write;
         throw UsageError{"the object refused " + name + "=" + text +
                              (reason.empty() ? std::string() : ": " + reason),
                          false};
     }
+}
+
+void write(ExtensionSession& session, const std::string& name, const std::string& text) {
+    write(session, resolve(session, name, text));
 }
 
 std::string text(const Value& value) {
@@ -414,13 +424,11 @@ int gallery(const ExtensionLibrary& library, const Options& options) {
         const VelkoCli::Label label =
             VelkoCli::drawLabel(session, row.galleryValue ? row.galleryValue : "", options.verify);
         writePicture(label.png, path);
-        const bool clean = label.clean;
-        const std::string& value = label.text;
         if (!label.good()) {
             exit = kErrorPicture;
         }
         if (!options.quiet) {
-            std::cout << path << ": " << (clean ? value : "error picture") << "\n";
+            std::cout << path << ": " << (label.clean ? label.text : "error picture") << "\n";
         }
         tell(path, label);
         std::string settings;
@@ -429,8 +437,8 @@ int gallery(const ExtensionLibrary& library, const Options& options) {
                         (setting.size() > 40 ? setting.substr(0, 37) + "..." : setting);
         }
         index << "<tr><td>" << type << " " << row.name << "</td><td><img src=\"" << name
-              << "\"></td><td>" << htmlEscaped(clean ? value : "(error picture)") << "</td><td>"
-              << htmlEscaped(settings) << "</td></tr>\n";
+              << "\"></td><td>" << htmlEscaped(label.clean ? label.text : "(error picture)")
+              << "</td><td>" << htmlEscaped(settings) << "</td></tr>\n";
     }
     index << "</table>\n";
     std::ofstream(options.gallery + "/index.html") << index.str();
@@ -502,8 +510,8 @@ std::vector<std::string> readLines(const std::string& path) {
 struct BatchLine {
     std::string path;
     std::string report;
-    bool good = false;
     bool blank = false;
+    // Left empty, so not good, for a value the object refused.
     VelkoCli::Label label;
 };
 
@@ -532,11 +540,12 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
     auto session = std::make_shared<ExtensionSession>(library);
     writeAll(*session, options.writes);
     const std::shared_ptr<ExtensionSession> probe = textProbe(library, options, *session);
-    std::vector<Write> logo;
-    for (const Write& write : options.writes) {
-        const long index = session->propIndex(write.first);
+    // Resolved here once, not again for each value.
+    std::vector<ResolvedWrite> logo;
+    for (const auto& [name, text] : options.writes) {
+        const long index = session->propIndex(name);
         if (index == session->propIndex("LogoImage") || index == session->propIndex(kLogoSize)) {
-            logo.push_back(write);
+            logo.push_back(resolve(*session, name, text));
         }
     }
     const Value raw = session->get("CodeIsRaw");
@@ -546,7 +555,9 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
         if (searching) {
             object.set("CodeAuto", true);
         }
-        writeAll(object, logo);
+        for (const ResolvedWrite& logoWrite : logo) {
+            write(object, logoWrite);
+        }
         return object.set("CodeValue", value);
     };
     return [=, &options, &values](size_t i) {
@@ -566,7 +577,6 @@ std::function<BatchLine(size_t)> batchJob(const ExtensionLibrary& library, const
             take(*probe, values[i]);
         }
         line.label = VelkoCli::drawLabel(*session, values[i], options.verify, probe.get());
-        line.good = line.label.good();
         const std::string suffix = line.label.clean ? ".png" : ".error.png";
         line.path = (std::filesystem::path(options.out) / (name + suffix)).string();
         writePicture(line.label.png, line.path);
@@ -603,7 +613,7 @@ int batch(const ExtensionLibrary& library, const Options& options) {
             if (line.blank) {
                 ++blanks;
                 failures.push_back(line.report);
-            } else if (line.good) {
+            } else if (line.label.good()) {
                 ++good;
             } else {
                 failures.push_back("line " + std::to_string(i + 1) + ": not clean: \"" + values[i] +

@@ -1,7 +1,6 @@
 #include "tools/cli/warnings.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>

@@ -1,6 +1,7 @@
 #include "tools/host/extension_session.h"
 
 #include <cstring>
+#include <utility>
 
 #include "tools/host/extension_library.h"
 #include "tools/host/host_strings.h"
@@ -170,7 +171,8 @@ std::vector<unsigned char> ExtensionSession::getBarcode() {
     Value result;
     call(0, {}, result);
     if (auto* png = std::get_if<std::vector<unsigned char>>(&result)) {
-        return *png;
+        // The picture is moved out, not copied: result goes no further.
+        return std::move(*png);
     }
     return {};
 }

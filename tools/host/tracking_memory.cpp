@@ -29,7 +29,6 @@ bool TrackingMemory::allocate(void** where, unsigned long bytes) {
     }
     std::memset(buffer + bytes, kGuardByte, kGuardSize);
     live[buffer] = bytes;
-    ++allocationCount;
     *where = buffer;
     return true;
 }

@@ -25,13 +25,11 @@ public:
     bool intact(const void* buffer) const;
 
     std::size_t outstanding() const { return live.size(); }
-    std::size_t allocations() const { return allocationCount; }
     // The next allocate() answers false, as a host out of memory would.
     void failNextAllocation() { failNext = true; }
 
 private:
     std::map<const void*, std::size_t> live;
-    std::size_t allocationCount = 0;
     bool failNext = false;
 };
 
