@@ -44,7 +44,7 @@ Label drawLabel(VelkoHost::ExtensionSession& session, const std::string& value, 
                 VelkoHost::ExtensionSession* textProbe) {
     Label label;
     label.png = session.getBarcode();
-    const bool isPng = pngSize(label.png.data(), label.png.size(), label.width, label.height);
+    const bool isPng = pngSize(label.png, label.width, label.height);
     label.clean = isPng && session.get("Result") == Value(0);
     const unsigned type = static_cast<unsigned>(numberOf(session.get("CodeType")));
     label.type = std::to_string(type);

@@ -17,16 +17,17 @@ constexpr std::size_t kWidthAt = 16;
 constexpr std::size_t kHeightAt = 20;
 constexpr std::size_t kHeaderEnd = 33;
 
-unsigned bigEndian(const unsigned char* bytes, std::size_t at) {
+unsigned bigEndian(const std::vector<unsigned char>& bytes, std::size_t at) {
     return unsigned(bytes[at]) << 24 | unsigned(bytes[at + 1]) << 16 |
            unsigned(bytes[at + 2]) << 8 | unsigned(bytes[at + 3]);
 }
 
 }  // namespace
 
-bool pngSize(const unsigned char* png, std::size_t size, unsigned& width, unsigned& height) {
-    if (size < kHeaderEnd || !std::equal(std::begin(kSignature), std::end(kSignature), png) ||
-        !std::equal(std::begin(kHeaderType), std::end(kHeaderType), png + kTypeAt)) {
+bool pngSize(const std::vector<unsigned char>& png, unsigned& width, unsigned& height) {
+    if (png.size() < kHeaderEnd ||
+        !std::equal(std::begin(kSignature), std::end(kSignature), png.begin()) ||
+        !std::equal(std::begin(kHeaderType), std::end(kHeaderType), png.begin() + kTypeAt)) {
         return false;
     }
     width = bigEndian(png, kWidthAt);

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <lodepng.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -26,7 +28,6 @@
 #include "tools/cli/label.h"
 #include "tools/cli/library_choice.h"
 #include "tools/cli/ordered_pool.h"
-#include "tools/cli/png_size.h"
 #include "tools/cli/reader_module.h"
 #include "tools/cli/text_check.h"
 #include "tools/cli/warnings.h"
@@ -140,8 +141,13 @@ std::string readLogo(const std::string& path) {
                             std::istreambuf_iterator<char>());
     unsigned width = 0;
     unsigned height = 0;
-    if (!VelkoCli::pngSize(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
-                           width, height)) {
+    LodePNGState state;
+    lodepng_state_init(&state);
+    const unsigned error =
+        lodepng_inspect(&width, &height, &state,
+                        reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+    lodepng_state_cleanup(&state);
+    if (error != 0) {
         throw UsageError{"the logo " + path + " is not a PNG file", false};
     }
     return raw2Base64(bytes);
