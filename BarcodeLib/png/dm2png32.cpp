@@ -327,12 +327,6 @@ size_t newLineBytes(const unsigned char* lines, size_t size, size_t lineBytes) {
     return bytes;
 }
 
-void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        out.push_back(static_cast<unsigned char>(value >> shift));
-    }
-}
-
 void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned char* data,
               size_t length) {
     putBigEndian(png, static_cast<unsigned>(length));
