@@ -23,8 +23,8 @@ constexpr unsigned kNoInput = 48;
 constexpr unsigned kOutOfMemory = 83;
 constexpr unsigned kCompressionFailed = 111;
 constexpr unsigned kMaxPaletteSize = 256;
-// Scanline bytes from which a picture is large: it deflates at a higher level, and a white-first
-// one keeps the palette (see encodeGrey).
+// Scanline bytes from which a picture is large: it may go to the general deflate (see writePng),
+// and a white-first one keeps the palette (see encodeGrey).
 constexpr size_t kLargeScanlines = 32 * 1024;
 // PNG colour type of a palette picture.
 constexpr unsigned char kIndexedColour = 3;
@@ -211,10 +211,9 @@ std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width
 #ifdef VELKO_HAVE_LIBDEFLATE
 // Measured on 45 of our pictures from 150 x 100 to 2000 x 2000 against LodePNG's own encoding:
 // at level 6 some large ones came out up to 47 % bigger; level 7 keeps all but one within 5 %
-// (the worst 7 %) at little more time, still a fraction of LodePNG's. Small pictures come out
-// the same at both, and faster at 6.
-constexpr int kSmallLevel = 6;
-constexpr int kLargeLevel = 7;
+// (the worst 7 %) at little more time, still a fraction of LodePNG's. Only large pictures come
+// here (see writePng), so one level serves.
+constexpr int kLevel = 7;
 
 struct CompressorDeleter {
     void operator()(libdeflate_compressor* compressor) const {
@@ -224,13 +223,13 @@ struct CompressorDeleter {
 
 using Compressor = std::unique_ptr<libdeflate_compressor, CompressorDeleter>;
 
-// Compressors of both levels kept for reuse, as many as pictures were ever made at once: making
-// one costs more than a barcode's compression. A pool, not one per thread: thread-local storage
-// of a library that the host loads and unloads outlives the library in tools such as
-// LeakSanitizer, which then read freed memory.
+// Compressors kept for reuse, as many as pictures were ever made at once: making one costs more
+// than a barcode's compression. A pool, not one per thread: thread-local storage of a library
+// that the host loads and unloads outlives the library in tools such as LeakSanitizer, which
+// then read freed memory.
 struct CompressorPool {
     std::mutex mutex;
-    std::vector<Compressor> kept[2];
+    std::vector<Compressor> kept;
 };
 
 CompressorPool& compressorPool() {
@@ -238,20 +237,20 @@ CompressorPool& compressorPool() {
     return pool;
 }
 
-// A compressor of the level for the input's size, back in the pool at the end.
+// A compressor, back in the pool at the end.
 class PooledCompressor {
 public:
-    explicit PooledCompressor(size_t inputSize) : large(inputSize >= kLargeScanlines) {
+    PooledCompressor() {
         CompressorPool& pool = compressorPool();
         {
             std::lock_guard<std::mutex> lock(pool.mutex);
-            if (!pool.kept[large].empty()) {
-                compressor = std::move(pool.kept[large].back());
-                pool.kept[large].pop_back();
+            if (!pool.kept.empty()) {
+                compressor = std::move(pool.kept.back());
+                pool.kept.pop_back();
                 return;
             }
         }
-        compressor.reset(libdeflate_alloc_compressor(large ? kLargeLevel : kSmallLevel));
+        compressor.reset(libdeflate_alloc_compressor(kLevel));
     }
     ~PooledCompressor() {
         if (!compressor) {
@@ -260,7 +259,7 @@ public:
         CompressorPool& pool = compressorPool();
         std::lock_guard<std::mutex> lock(pool.mutex);
         try {
-            pool.kept[large].push_back(std::move(compressor));
+            pool.kept.push_back(std::move(compressor));
         } catch (const std::bad_alloc&) {
             // Not kept: the next picture makes a new one.
         }
@@ -271,7 +270,6 @@ public:
     libdeflate_compressor* get() const { return compressor.get(); }
 
 private:
-    bool large;
     Compressor compressor;
 };
 
@@ -280,7 +278,7 @@ unsigned chunkCrc(const unsigned char* bytes, size_t size) {
 }
 
 unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
-    const PooledCompressor pooled(inSize);
+    const PooledCompressor pooled;
     libdeflate_compressor* deflater = pooled.get();
     if (!deflater) {
         return kOutOfMemory;
@@ -327,12 +325,6 @@ size_t newLineBytes(const unsigned char* lines, size_t size, size_t lineBytes) {
         }
     }
     return bytes;
-}
-
-void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        out.push_back(static_cast<unsigned char>(value >> shift));
-    }
 }
 
 void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned char* data,

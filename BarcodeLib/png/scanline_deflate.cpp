@@ -184,6 +184,12 @@ std::uint32_t adler32(const unsigned char* data, std::size_t size) {
 
 }  // namespace
 
+void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        out.push_back(static_cast<unsigned char>(value >> shift));
+    }
+}
+
 std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines, std::size_t size,
                                                      std::size_t lineBytes) {
     std::vector<unsigned char> out;
@@ -218,10 +224,7 @@ std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines,
     }
     symbol(writer, kEndOfBlock);
     writer.flush();
-    const std::uint32_t check = adler32(data, size);
-    for (int shift = 24; shift >= 0; shift -= 8) {
-        out.push_back(static_cast<unsigned char>(check >> shift));
-    }
+    putBigEndian(out, adler32(data, size));
     return out;
 }
 

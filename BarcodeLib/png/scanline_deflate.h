@@ -5,6 +5,9 @@
 
 namespace BarcodeVelko {
 
+// The four bytes of value, high first, as PNG and zlib write their numbers.
+void putBigEndian(std::vector<unsigned char>& out, unsigned value);
+
 // A zlib stream of PNG scanlines of a few colours, made in one pass without a match finder: a
 // byte is copied from the line above or repeated from the byte before, else written as it is,
 // all in deflate's fixed codes. A barcode's lines mostly repeat the line above, so this comes

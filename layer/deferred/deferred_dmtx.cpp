@@ -10,27 +10,22 @@ const DeferredLibrary g_dmtx(VELKO_DMTX_SONAME);
 }  // namespace
 
 DmtxEncode* dmtxEncodeCreate() {
-    static const auto call = g_dmtx.function<decltype(&dmtxEncodeCreate)>("dmtxEncodeCreate");
-    return call ? call() : nullptr;
+    return g_dmtx.call<&dmtxEncodeCreate>("dmtxEncodeCreate", nullptr);
 }
 
 DmtxPassFail dmtxEncodeDestroy(DmtxEncode** encode) {
-    static const auto call = g_dmtx.function<decltype(&dmtxEncodeDestroy)>("dmtxEncodeDestroy");
-    return call ? call(encode) : DmtxFail;
+    return g_dmtx.call<&dmtxEncodeDestroy>("dmtxEncodeDestroy", DmtxFail, encode);
 }
 
 DmtxPassFail dmtxEncodeSetProp(DmtxEncode* encode, int property, int value) {
-    static const auto call = g_dmtx.function<decltype(&dmtxEncodeSetProp)>("dmtxEncodeSetProp");
-    return call ? call(encode, property, value) : DmtxFail;
+    return g_dmtx.call<&dmtxEncodeSetProp>("dmtxEncodeSetProp", DmtxFail, encode, property, value);
 }
 
 DmtxPassFail dmtxEncodeDataMatrix(DmtxEncode* encode, int count, unsigned char* data) {
-    static const auto call =
-        g_dmtx.function<decltype(&dmtxEncodeDataMatrix)>("dmtxEncodeDataMatrix");
-    return call ? call(encode, count, data) : DmtxFail;
+    return g_dmtx.call<&dmtxEncodeDataMatrix>("dmtxEncodeDataMatrix", DmtxFail, encode, count,
+                                              data);
 }
 
 int dmtxImageGetProp(DmtxImage* image, int property) {
-    static const auto call = g_dmtx.function<decltype(&dmtxImageGetProp)>("dmtxImageGetProp");
-    return call ? call(image, property) : 0;
+    return g_dmtx.call<&dmtxImageGetProp>("dmtxImageGetProp", 0, image, property);
 }

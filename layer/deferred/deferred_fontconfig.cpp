@@ -13,34 +13,24 @@ const DeferredLibrary g_fontconfig(VELKO_FONTCONFIG_SONAME);
 }  // namespace
 
 FcConfig* FcInitLoadConfigAndFonts() {
-    static const auto call =
-        g_fontconfig.function<decltype(&FcInitLoadConfigAndFonts)>("FcInitLoadConfigAndFonts");
-    return call ? call() : nullptr;
+    return g_fontconfig.call<&FcInitLoadConfigAndFonts>("FcInitLoadConfigAndFonts", nullptr);
 }
 
 void FcConfigDestroy(FcConfig* config) {
-    static const auto call = g_fontconfig.function<decltype(&FcConfigDestroy)>("FcConfigDestroy");
-    if (call) {
-        call(config);
-    }
+    g_fontconfig.callIfThere<&FcConfigDestroy>("FcConfigDestroy", config);
 }
 
 FcPattern* FcPatternCreate() {
-    static const auto call = g_fontconfig.function<decltype(&FcPatternCreate)>("FcPatternCreate");
-    return call ? call() : nullptr;
+    return g_fontconfig.call<&FcPatternCreate>("FcPatternCreate", nullptr);
 }
 
 void FcPatternDestroy(FcPattern* pattern) {
-    static const auto call = g_fontconfig.function<decltype(&FcPatternDestroy)>("FcPatternDestroy");
-    if (call) {
-        call(pattern);
-    }
+    g_fontconfig.callIfThere<&FcPatternDestroy>("FcPatternDestroy", pattern);
 }
 
 FcResult FcPatternGetString(const FcPattern* pattern, const char* object, int n, FcChar8** s) {
-    static const auto call =
-        g_fontconfig.function<decltype(&FcPatternGetString)>("FcPatternGetString");
-    return call ? call(pattern, object, n, s) : FcResultNoMatch;
+    return g_fontconfig.call<&FcPatternGetString>("FcPatternGetString", FcResultNoMatch, pattern,
+                                                  object, n, s);
 }
 
 // The variadic form goes through the library's va_list form.
@@ -58,51 +48,34 @@ FcObjectSet* FcObjectSetBuild(const char* first, ...) {
 }
 
 void FcObjectSetDestroy(FcObjectSet* set) {
-    static const auto call =
-        g_fontconfig.function<decltype(&FcObjectSetDestroy)>("FcObjectSetDestroy");
-    if (call) {
-        call(set);
-    }
+    g_fontconfig.callIfThere<&FcObjectSetDestroy>("FcObjectSetDestroy", set);
 }
 
 FcFontSet* FcFontList(FcConfig* config, FcPattern* pattern, FcObjectSet* objects) {
-    static const auto call = g_fontconfig.function<decltype(&FcFontList)>("FcFontList");
-    return call ? call(config, pattern, objects) : nullptr;
+    return g_fontconfig.call<&FcFontList>("FcFontList", nullptr, config, pattern, objects);
 }
 
 void FcFontSetDestroy(FcFontSet* set) {
-    static const auto call = g_fontconfig.function<decltype(&FcFontSetDestroy)>("FcFontSetDestroy");
-    if (call) {
-        call(set);
-    }
+    g_fontconfig.callIfThere<&FcFontSetDestroy>("FcFontSetDestroy", set);
 }
 
 FcPattern* FcNameParse(const FcChar8* name) {
-    static const auto call = g_fontconfig.function<decltype(&FcNameParse)>("FcNameParse");
-    return call ? call(name) : nullptr;
+    return g_fontconfig.call<&FcNameParse>("FcNameParse", nullptr, name);
 }
 
 FcPattern* FcPatternDuplicate(const FcPattern* pattern) {
-    static const auto call =
-        g_fontconfig.function<decltype(&FcPatternDuplicate)>("FcPatternDuplicate");
-    return call ? call(pattern) : nullptr;
+    return g_fontconfig.call<&FcPatternDuplicate>("FcPatternDuplicate", nullptr, pattern);
 }
 
 FcBool FcConfigSubstitute(FcConfig* config, FcPattern* pattern, FcMatchKind kind) {
-    static const auto call =
-        g_fontconfig.function<decltype(&FcConfigSubstitute)>("FcConfigSubstitute");
-    return call ? call(config, pattern, kind) : FcFalse;
+    return g_fontconfig.call<&FcConfigSubstitute>("FcConfigSubstitute", FcFalse, config, pattern,
+                                                  kind);
 }
 
 void FcDefaultSubstitute(FcPattern* pattern) {
-    static const auto call =
-        g_fontconfig.function<decltype(&FcDefaultSubstitute)>("FcDefaultSubstitute");
-    if (call) {
-        call(pattern);
-    }
+    g_fontconfig.callIfThere<&FcDefaultSubstitute>("FcDefaultSubstitute", pattern);
 }
 
 FcPattern* FcFontMatch(FcConfig* config, FcPattern* pattern, FcResult* result) {
-    static const auto call = g_fontconfig.function<decltype(&FcFontMatch)>("FcFontMatch");
-    return call ? call(config, pattern, result) : nullptr;
+    return g_fontconfig.call<&FcFontMatch>("FcFontMatch", nullptr, config, pattern, result);
 }

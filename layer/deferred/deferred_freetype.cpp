@@ -13,46 +13,39 @@ constexpr FT_Error kMissing = FT_Err_Cannot_Open_Resource;
 }  // namespace
 
 FT_Error FT_Init_FreeType(FT_Library* library) {
-    static const auto call = g_freeType.function<decltype(&FT_Init_FreeType)>("FT_Init_FreeType");
-    return call ? call(library) : kMissing;
+    return g_freeType.call<&FT_Init_FreeType>("FT_Init_FreeType", kMissing, library);
 }
 
 FT_Error FT_Done_FreeType(FT_Library library) {
-    static const auto call = g_freeType.function<decltype(&FT_Done_FreeType)>("FT_Done_FreeType");
-    return call ? call(library) : kMissing;
+    return g_freeType.call<&FT_Done_FreeType>("FT_Done_FreeType", kMissing, library);
 }
 
 FT_Error FT_New_Memory_Face(FT_Library library, const FT_Byte* base, FT_Long size, FT_Long index,
                             FT_Face* face) {
-    static const auto call =
-        g_freeType.function<decltype(&FT_New_Memory_Face)>("FT_New_Memory_Face");
-    return call ? call(library, base, size, index, face) : kMissing;
+    return g_freeType.call<&FT_New_Memory_Face>("FT_New_Memory_Face", kMissing, library, base, size,
+                                                index, face);
 }
 
 FT_Error FT_Done_Face(FT_Face face) {
-    static const auto call = g_freeType.function<decltype(&FT_Done_Face)>("FT_Done_Face");
-    return call ? call(face) : kMissing;
+    return g_freeType.call<&FT_Done_Face>("FT_Done_Face", kMissing, face);
 }
 
 FT_Error FT_Set_Char_Size(FT_Face face, FT_F26Dot6 width, FT_F26Dot6 height, FT_UInt horizontal,
                           FT_UInt vertical) {
-    static const auto call = g_freeType.function<decltype(&FT_Set_Char_Size)>("FT_Set_Char_Size");
-    return call ? call(face, width, height, horizontal, vertical) : kMissing;
+    return g_freeType.call<&FT_Set_Char_Size>("FT_Set_Char_Size", kMissing, face, width, height,
+                                              horizontal, vertical);
 }
 
 FT_Error FT_Set_Pixel_Sizes(FT_Face face, FT_UInt width, FT_UInt height) {
-    static const auto call =
-        g_freeType.function<decltype(&FT_Set_Pixel_Sizes)>("FT_Set_Pixel_Sizes");
-    return call ? call(face, width, height) : kMissing;
+    return g_freeType.call<&FT_Set_Pixel_Sizes>("FT_Set_Pixel_Sizes", kMissing, face, width,
+                                                height);
 }
 
 FT_Error FT_Load_Char(FT_Face face, FT_ULong code, FT_Int32 flags) {
-    static const auto call = g_freeType.function<decltype(&FT_Load_Char)>("FT_Load_Char");
-    return call ? call(face, code, flags) : kMissing;
+    return g_freeType.call<&FT_Load_Char>("FT_Load_Char", kMissing, face, code, flags);
 }
 
 // Only called on a face, which FreeType must have made.
 FT_Long FT_MulFix(FT_Long a, FT_Long b) {
-    static const auto call = g_freeType.function<decltype(&FT_MulFix)>("FT_MulFix");
-    return call ? call(a, b) : 0;
+    return g_freeType.call<&FT_MulFix>("FT_MulFix", 0, a, b);
 }

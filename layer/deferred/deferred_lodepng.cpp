@@ -21,38 +21,30 @@ constexpr bool kLongSize = std::is_same_v<std::size_t, unsigned long>;
 }  // namespace
 
 void lodepng_state_init(LodePNGState* state) {
-    static const auto call =
-        g_lodePng.function<decltype(&lodepng_state_init)>("_Z18lodepng_state_initP12LodePNGState");
-    if (call) {
-        call(state);
-    }
+    g_lodePng.callIfThere<&lodepng_state_init>("_Z18lodepng_state_initP12LodePNGState", state);
 }
 
 void lodepng_state_cleanup(LodePNGState* state) {
-    static const auto call = g_lodePng.function<decltype(&lodepng_state_cleanup)>(
-        "_Z21lodepng_state_cleanupP12LodePNGState");
-    if (call) {
-        call(state);
-    }
+    g_lodePng.callIfThere<&lodepng_state_cleanup>("_Z21lodepng_state_cleanupP12LodePNGState",
+                                                  state);
 }
 
 unsigned lodepng_inspect(unsigned* width, unsigned* height, LodePNGState* state,
                          const unsigned char* in, std::size_t size) {
-    static const auto call = g_lodePng.function<decltype(&lodepng_inspect)>(
-        kLongSize ? "_Z15lodepng_inspectPjS_P12LodePNGStatePKhm"
-                  : "_Z15lodepng_inspectPjS_P12LodePNGStatePKhj");
-    return call ? call(width, height, state, in, size) : kMissing;
+    return g_lodePng.call<&lodepng_inspect>(kLongSize
+                                                ? "_Z15lodepng_inspectPjS_P12LodePNGStatePKhm"
+                                                : "_Z15lodepng_inspectPjS_P12LodePNGStatePKhj",
+                                            kMissing, width, height, state, in, size);
 }
 
 std::size_t lodepng_get_raw_size(unsigned width, unsigned height, const LodePNGColorMode* color) {
-    static const auto call = g_lodePng.function<decltype(&lodepng_get_raw_size)>(
-        "_Z20lodepng_get_raw_sizejjPK16LodePNGColorMode");
-    return call ? call(width, height, color) : 0;
+    return g_lodePng.call<&lodepng_get_raw_size>("_Z20lodepng_get_raw_sizejjPK16LodePNGColorMode",
+                                                 0, width, height, color);
 }
 
 unsigned lodepng_decode32(unsigned char** out, unsigned* width, unsigned* height,
                           const unsigned char* in, std::size_t size) {
-    static const auto call = g_lodePng.function<decltype(&lodepng_decode32)>(
-        kLongSize ? "_Z16lodepng_decode32PPhPjS1_PKhm" : "_Z16lodepng_decode32PPhPjS1_PKhj");
-    return call ? call(out, width, height, in, size) : kMissing;
+    return g_lodePng.call<&lodepng_decode32>(
+        kLongSize ? "_Z16lodepng_decode32PPhPjS1_PKhm" : "_Z16lodepng_decode32PPhPjS1_PKhj",
+        kMissing, out, width, height, in, size);
 }

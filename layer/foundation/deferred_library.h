@@ -1,6 +1,7 @@
 #pragma once
 
 #include <mutex>
+#include <type_traits>
 
 // A shared library that is opened on the first call of one of its functions rather than when
 // the extension is loaded. The extension's own definitions of those functions, under the names
@@ -20,6 +21,25 @@ public:
     template <class Function>
     Function function(const char* name) const {
         return reinterpret_cast<Function>(symbol(name));
+    }
+
+    // Function, the extension's definition of the library's function of that name, passed on to
+    // it with args; missing while it can't be had. Looked up once, on the first call.
+    template <auto Function, class... Args>
+    std::invoke_result_t<decltype(Function), Args...> call(
+        const char* name, std::invoke_result_t<decltype(Function), Args...> missing,
+        Args... args) const {
+        static const auto found = function<decltype(Function)>(name);
+        return found ? found(args...) : missing;
+    }
+
+    // The same for a function that answers nothing: no call while it can't be had.
+    template <auto Function, class... Args>
+    void callIfThere(const char* name, Args... args) const {
+        static const auto found = function<decltype(Function)>(name);
+        if (found) {
+            found(args...);
+        }
     }
 
 private:
