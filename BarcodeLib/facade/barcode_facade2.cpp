@@ -335,9 +335,7 @@ bool BarcodeFacade2::generateCode() {
         if (built) {
             if (element != root.get()) {
                 root = element;
-                rootSizedFor.reset();
-                generatedSizes.reset();
-                readsAsGenerated = false;
+                forgetRootSizes();
             }
             rootInputs = made;
             codeCheckSymbol = checkSymbol;

@@ -213,6 +213,8 @@ private:
     PError placeTree(Placement& placement);
     // Puts root's sizes back to those it was generated with.
     void unsizeRoot(bool onlyIfReadAsGenerated = false) const;
+    // A root new, or left sized halfway, has no sizes of a picture to keep.
+    void forgetRootSizes();
     // The placed tree on a new canvas; an empty image with lastError set when that fails.
     PImage paintTree(const Placement& placement);
     PImage drawErrorImage() const;

@@ -75,9 +75,7 @@ PImage BarcodeFacade2::draw2mem() {
         // The tree may be left sized halfway.
         picturing = false;
         rootInputs.reset();
-        rootSizedFor.reset();
-        generatedSizes.reset();
-        readsAsGenerated = false;
+        forgetRootSizes();
     }
 
     if (!result.isValid()) {
@@ -90,6 +88,12 @@ bool BarcodeFacade2::SizingInputs::operator==(const SizingInputs& other) const {
     return type == other.type && canvasWidth == other.canvasWidth &&
            canvasHeight == other.canvasHeight && textSize == other.textSize &&
            sentinel == other.sentinel && aspectX == other.aspectX && aspectY == other.aspectY;
+}
+
+void BarcodeFacade2::forgetRootSizes() {
+    rootSizedFor.reset();
+    generatedSizes.reset();
+    readsAsGenerated = false;
 }
 
 void BarcodeFacade2::unsizeRoot(bool onlyIfReadAsGenerated) const {
