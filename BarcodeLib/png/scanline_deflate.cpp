@@ -15,6 +15,7 @@ constexpr unsigned kFirstLengthSymbol = 257;
 constexpr unsigned kAdlerModulus = 65521;
 // Bytes that an Adler-32 sum takes before its 32-bit sums could overflow.
 constexpr std::size_t kAdlerRun = 5552;
+constexpr std::size_t kAdlerBlock = 32;
 
 struct CodeRange {
     unsigned base;
@@ -35,12 +36,48 @@ constexpr CodeRange kDistances[] = {{1, 0},     {2, 0},     {3, 0},      {4, 0},
 
 // The last range whose base is at most value.
 template <std::size_t N>
-unsigned rangeOf(const CodeRange (&ranges)[N], unsigned value) {
+constexpr unsigned rangeOf(const CodeRange (&ranges)[N], unsigned value) {
     unsigned index = 0;
     while (index + 1 < N && ranges[index + 1].base <= value) {
         ++index;
     }
     return index;
+}
+
+constexpr std::size_t kWindow = 32768;
+// Distances above this many go by their bits from the seventh on, which never split a range
+// there.
+constexpr std::size_t kNearDistances = 256;
+constexpr unsigned kFarShift = 7;
+
+// The ranges of every length and distance looked up at once: a match is made for every few
+// bytes of a picture's new lines.
+struct RangeTables {
+    unsigned char length[kMaxMatch + 1];
+    unsigned char nearDistance[kNearDistances + 1];
+    unsigned char farDistance[(kWindow >> kFarShift) + 1];
+};
+
+constexpr RangeTables makeRangeTables() {
+    RangeTables tables{};
+    for (unsigned length = kMinMatch; length <= kMaxMatch; ++length) {
+        tables.length[length] = static_cast<unsigned char>(rangeOf(kLengths, length));
+    }
+    for (unsigned distance = 1; distance <= kNearDistances; ++distance) {
+        tables.nearDistance[distance] = static_cast<unsigned char>(rangeOf(kDistances, distance));
+    }
+    for (unsigned high = 0; high <= (kWindow >> kFarShift); ++high) {
+        tables.farDistance[high] =
+            static_cast<unsigned char>(rangeOf(kDistances, (high << kFarShift) + 1));
+    }
+    return tables;
+}
+
+constexpr RangeTables kRangeTables = makeRangeTables();
+
+unsigned distanceRange(unsigned distance) {
+    return distance <= kNearDistances ? kRangeTables.nearDistance[distance]
+                                      : kRangeTables.farDistance[(distance - 1) >> kFarShift];
 }
 
 class BitWriter {
@@ -120,10 +157,10 @@ void symbol(BitWriter& writer, unsigned value) {
 }
 
 void match(BitWriter& writer, unsigned length, unsigned distance) {
-    const unsigned lengthIndex = rangeOf(kLengths, length);
+    const unsigned lengthIndex = kRangeTables.length[length];
     symbol(writer, kFirstLengthSymbol + lengthIndex);
     writer.number(length - kLengths[lengthIndex].base, kLengths[lengthIndex].extraBits);
-    const unsigned distanceIndex = rangeOf(kDistances, distance);
+    const unsigned distanceIndex = distanceRange(distance);
     writer.number(reversed(distanceIndex, 5), 5);
     writer.number(distance - kDistances[distanceIndex].base, kDistances[distanceIndex].extraBits);
 }
@@ -170,7 +207,20 @@ std::uint32_t adler32(const unsigned char* data, std::size_t size) {
     std::uint32_t high = 0;
     while (size > 0) {
         const std::size_t run = std::min(size, kAdlerRun);
-        for (std::size_t i = 0; i < run; ++i) {
+        std::size_t i = 0;
+        // A block's sums don't wait on each other byte by byte, which the compiler spreads over
+        // vector lanes.
+        for (; i + kAdlerBlock <= run; i += kAdlerBlock) {
+            std::uint32_t sum = 0;
+            std::uint32_t weighted = 0;
+            for (std::size_t k = 0; k < kAdlerBlock; ++k) {
+                sum += data[i + k];
+                weighted += static_cast<std::uint32_t>(kAdlerBlock - k) * data[i + k];
+            }
+            high += static_cast<std::uint32_t>(kAdlerBlock) * low + weighted;
+            low += sum;
+        }
+        for (; i < run; ++i) {
             low += data[i];
             high += low;
         }
