@@ -4,6 +4,10 @@
 #include <cstdint>
 #include <cstring>
 
+#ifdef VELKO_HAVE_LIBDEFLATE
+#include <libdeflate.h>
+#endif
+
 namespace BarcodeVelko {
 
 namespace {
@@ -12,10 +16,6 @@ constexpr std::size_t kMinMatch = 3;
 constexpr std::size_t kMaxMatch = 258;
 constexpr unsigned kEndOfBlock = 256;
 constexpr unsigned kFirstLengthSymbol = 257;
-constexpr unsigned kAdlerModulus = 65521;
-// Bytes that an Adler-32 sum takes before its 32-bit sums could overflow.
-constexpr std::size_t kAdlerRun = 5552;
-constexpr std::size_t kAdlerBlock = 32;
 
 struct CodeRange {
     unsigned base;
@@ -203,6 +203,14 @@ std::size_t copyRepeatedLines(BitWriter& writer, const unsigned char* data, std:
 }
 
 std::uint32_t adler32(const unsigned char* data, std::size_t size) {
+#ifdef VELKO_HAVE_LIBDEFLATE
+    // Vectorised there, whatever this file's compiler flags.
+    return libdeflate_adler32(1, data, size);
+#else
+    constexpr std::uint32_t kAdlerModulus = 65521;
+    // Bytes that the 32-bit sums take before they could overflow.
+    constexpr std::size_t kAdlerRun = 5552;
+    constexpr std::size_t kAdlerBlock = 32;
     std::uint32_t low = 1;
     std::uint32_t high = 0;
     while (size > 0) {
@@ -230,6 +238,7 @@ std::uint32_t adler32(const unsigned char* data, std::size_t size) {
         size -= run;
     }
     return (high << 16) | low;
+#endif
 }
 
 }  // namespace
