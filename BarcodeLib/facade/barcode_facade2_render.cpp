@@ -119,7 +119,7 @@ void BarcodeFacade2::unsizeRoot(bool onlyIfReadAsGenerated) const {
         return;
     }
     if (rootSizedFor && generatedSizes && root) {
-        generatedSizes->restore(*root);
+        generatedSizes->restore();
     }
     rootSizedFor.reset();
     readsAsGenerated = false;
@@ -183,10 +183,12 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
         SmartPtr<AbstractBarcodeVisitor> visitor(strategy->sizeVisitor(
             root.get(), placement.canvasWidth, placement.canvasHeight, placement.textSize,
             codeSentinel, static_cast<unsigned>(aspectX), static_cast<unsigned>(aspectY)));
-        if (!generatedSizes) {
-            generatedSizes = std::make_unique<LeafSizes>(*root, treeWidth, treeHeight);
+        if (generatedSizes) {
+            root->visit(visitor.get());
+        } else {
+            // The sizes as generated are kept in the same walk.
+            generatedSizes = std::make_unique<LeafSizes>(*root, treeWidth, treeHeight, *visitor);
         }
-        root->visit(visitor.get());
         rootSizedFor = sizing;
     }
     readsAsGenerated = false;

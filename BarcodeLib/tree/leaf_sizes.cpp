@@ -7,50 +7,38 @@
 
 namespace BarcodeVelko {
 
-LeafSizes::LeafSizes(AbstractBarcodeElement& root, unsigned width, unsigned height)
-    : treeWidth(width), treeHeight(height) {
+LeafSizes::LeafSizes(AbstractBarcodeElement& root, unsigned width, unsigned height,
+                     AbstractBarcodeVisitor& sizing)
+    : sizing(sizing), treeWidth(width), treeHeight(height) {
     root.visit(this);
 }
 
-void LeafSizes::restore(AbstractBarcodeElement& root) {
-    restoring = true;
-    stretch = 0;
-    restored = 0;
-    root.visit(this);
-    restoring = false;
+void LeafSizes::restore() {
+    // Last first, so that a leaf passed twice ends with its first entry.
+    for (auto entry = kept.rbegin(); entry != kept.rend(); ++entry) {
+        entry->leaf->setMinHeight(entry->minHeight);
+        entry->leaf->setScaleX(entry->scaleX);
+        entry->leaf->setScaleY(entry->scaleY);
+    }
 }
 
 void LeafSizes::visit(BarcodeSpace* space) {
-    take(space);
+    keep(space);
+    sizing.visit(space);
 }
 
 void LeafSizes::visit(BarcodeBar* bar) {
-    take(bar);
+    keep(bar);
+    sizing.visit(bar);
 }
 
 void LeafSizes::visit(BarcodeText* text) {
-    take(text);
+    keep(text);
+    sizing.visit(text);
 }
 
-void LeafSizes::take(AbstractBarcodeRect* leaf) {
-    if (!restoring) {
-        const Sizes sizes{leaf->getMinHeight(), leaf->getScaleX(), leaf->getScaleY()};
-        if (!stretches.empty() && stretches.back().sizes == sizes) {
-            ++stretches.back().leaves;
-        } else {
-            stretches.push_back({sizes, 1});
-        }
-        return;
-    }
-    if (restored == stretches[stretch].leaves) {
-        ++stretch;
-        restored = 0;
-    }
-    ++restored;
-    const Sizes& taken = stretches[stretch].sizes;
-    leaf->setMinHeight(taken.minHeight);
-    leaf->setScaleX(taken.scaleX);
-    leaf->setScaleY(taken.scaleY);
+void LeafSizes::keep(AbstractBarcodeRect* leaf) {
+    kept.push_back({leaf, leaf->getMinHeight(), leaf->getScaleX(), leaf->getScaleY()});
 }
 
 }  // namespace BarcodeVelko
