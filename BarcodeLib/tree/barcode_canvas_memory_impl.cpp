@@ -136,7 +136,19 @@ bool BarcodeCanvasMemoryImpl::repeatBandImp(unsigned width, unsigned height) {
     }
     const int x = static_cast<int>(d->x);
     const int y = static_cast<int>(d->y);
-    return d->currentDevice->copyRect(x, y - static_cast<int>(height), width, height, x, y);
+    const bool tracked = !isTurned(static_cast<unsigned>(d->rotation)) &&
+                         d->y < d->image.height() && height <= d->image.height() - d->y &&
+                         d->baseDevice->untouched(pictureTop(d->y, height), height);
+    if (!d->currentDevice->copyRect(x, y - static_cast<int>(height), width, height, x, y)) {
+        return false;
+    }
+    if (tracked) {
+        // A picture turned by 180 degrees has its columns the other way round too.
+        const unsigned left = d->rotation == 180 ? d->image.width() - d->x - width : d->x;
+        d->baseDevice->markCopy(pictureTop(d->y - height, height), pictureTop(d->y, height), height,
+                                left, width);
+    }
+    return true;
 }
 
 // A line of the turned picture is a column of pixels in memory, which copies no faster than it

@@ -5,10 +5,10 @@
 namespace BarcodeVelko {
 
 RowTrackingDevice::RowTrackingDevice(PAbstractPaintDevice* picture)
-    : PAbstractPaintDeviceWrapper(picture), rows(height(), Row::kUntouched) {}
+    : PAbstractPaintDeviceWrapper(picture), rows(height()) {}
 
 void RowTrackingDevice::setPixel(int x, int y, unsigned int value) {
-    drawn(y, 1);
+    drawn(x, 1, y, 1);
     PAbstractPaintDeviceWrapper::setPixel(x, y, value);
 }
 
@@ -19,17 +19,17 @@ void RowTrackingDevice::fill(unsigned int value) {
 
 void RowTrackingDevice::fillRect(int x, int y, unsigned width, unsigned height,
                                  unsigned int value) {
-    drawn(y, height);
+    drawn(x, width, y, height);
     PAbstractPaintDeviceWrapper::fillRect(x, y, width, height, value);
 }
 
 bool RowTrackingDevice::copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) {
-    drawn(toY, height);
+    drawn(toX, width, toY, height);
     return PAbstractPaintDeviceWrapper::copyRect(x, y, width, height, toX, toY);
 }
 
 void RowTrackingDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
-    drawn(y, 1);
+    drawn(x, count, y, 1);
     PAbstractPaintDeviceWrapper::putRow(x, y, pixels, count);
 }
 
@@ -39,13 +39,13 @@ unsigned char* RowTrackingDevice::pixelData() {
 }
 
 void RowTrackingDevice::filled() {
-    std::fill(rows.begin(), rows.end(), Row::kUntouched);
+    std::fill(rows.begin(), rows.end(), Row());
 }
 
 bool RowTrackingDevice::untouched(unsigned top, unsigned count) const {
     return top <= rows.size() && count <= rows.size() - top &&
            std::all_of(rows.begin() + top, rows.begin() + top + count,
-                       [](Row row) { return row == Row::kUntouched; });
+                       [](const Row& row) { return row.state == State::kUntouched; });
 }
 
 void RowTrackingDevice::markBand(unsigned top, unsigned count) {
@@ -54,7 +54,27 @@ void RowTrackingDevice::markBand(unsigned top, unsigned count) {
     }
     // The band's first line in the picture may be its last as drawn (a picture turned by 180
     // degrees); either way the rows are all alike.
-    std::fill(rows.begin() + top + 1, rows.begin() + top + count, Row::kRepeatsAbove);
+    for (unsigned y = top + 1; y < top + count; ++y) {
+        rows[y].state = State::kRepeatsAbove;
+    }
+}
+
+void RowTrackingDevice::markCopy(unsigned from, unsigned to, unsigned count, unsigned left,
+                                 unsigned width) {
+    if (count == 0 || from >= rows.size() || to >= rows.size() ||
+        count > rows.size() - std::max(from, to)) {
+        return;
+    }
+    for (unsigned i = 1; i < count; ++i) {
+        rows[to + i].state = repeatsAbove(from + i) ? State::kRepeatsAbove : State::kDrawn;
+    }
+    // A row copied to the row next to it: outside the copied columns both are as filled.
+    const bool downwards = from + 1 == to;
+    const Row& copied = rows[from];
+    if (count == 1 && (downwards || to + 1 == from) && copied.left >= left &&
+        copied.right <= left + width) {
+        rows[downwards ? to : from].state = State::kRepeatsAbove;
+    }
 }
 
 std::vector<unsigned char> RowTrackingDevice::repeatedRows() const {
@@ -63,33 +83,42 @@ std::vector<unsigned char> RowTrackingDevice::repeatedRows() const {
         return repeated;
     }
     repeated.resize(rows.size());
-    for (size_t y = 1; y < rows.size(); ++y) {
-        repeated[y] = rows[y] == Row::kRepeatsAbove ||
-                      (rows[y] == Row::kUntouched && rows[y - 1] == Row::kUntouched);
+    for (std::size_t y = 1; y < rows.size(); ++y) {
+        repeated[y] = repeatsAbove(y);
     }
     return repeated;
 }
 
+bool RowTrackingDevice::repeatsAbove(std::size_t y) const {
+    return y > 0 &&
+           (rows[y].state == State::kRepeatsAbove ||
+            (rows[y].state == State::kUntouched && rows[y - 1].state == State::kUntouched));
+}
+
 // The drawn rows, and the row below them: it was like the row above, which has changed.
-void RowTrackingDevice::drawn(long long top, unsigned long long count) {
+void RowTrackingDevice::drawn(long long x, unsigned long long width, long long top,
+                              unsigned long long count) {
     const long long size = static_cast<long long>(rows.size());
-    // A row at a time, as glyphs are drawn.
-    if (count == 1 && top >= 0 && top < size) {
-        rows[top] = Row::kDrawn;
-        if (top + 1 < size && rows[top + 1] == Row::kRepeatsAbove) {
-            rows[top + 1] = Row::kDrawn;
-        }
-        return;
-    }
     const long long from = std::max(0LL, top);
     const long long to =
         std::min(size, top + static_cast<long long>(std::min<unsigned long long>(count, size)));
-    if (from >= to) {
+    if (from >= to || width == 0) {
         return;
     }
-    std::fill(rows.begin() + from, rows.begin() + to, Row::kDrawn);
-    if (to < size && rows[to] == Row::kRepeatsAbove) {
-        rows[to] = Row::kDrawn;
+    const long long pictureWidth = static_cast<long long>(PAbstractPaintDeviceWrapper::width());
+    const auto left = static_cast<unsigned>(std::clamp(x, 0LL, pictureWidth));
+    const auto right = static_cast<unsigned>(
+        std::clamp(x + static_cast<long long>(std::min<unsigned long long>(width, pictureWidth)),
+                   0LL, pictureWidth));
+    for (long long y = from; y < to; ++y) {
+        Row& row = rows[y];
+        const bool first = row.state == State::kUntouched || row.left == row.right;
+        row.left = first ? left : std::min(row.left, left);
+        row.right = first ? right : std::max(row.right, right);
+        row.state = State::kDrawn;
+    }
+    if (to < size && rows[to].state == State::kRepeatsAbove) {
+        rows[to].state = State::kDrawn;
     }
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/facade/code_types.h"
 #include "BarcodeLib/linear/strategy_code39.h"
 #include "BarcodeLib/png/dm2png32.h"
 #include "tests/support/scan_harness.h"
@@ -282,6 +283,34 @@ TEST(RenderTest, ATreeTakenAgainDrawsAsOneGeneratedAnew) {
         EXPECT_EQ(facade.getCodeMinWidth(), fresh.getCodeMinWidth()) << c.type;
         EXPECT_EQ(facade.getCodeMinHeight(), fresh.getCodeMinHeight()) << c.type;
         EXPECT_EQ(VelkoTest::render(facade).rgba, anew.rgba) << c.type;
+    }
+}
+
+// The PNG step takes the canvas's word for rows that repeat the row above: each such row must
+// repeat it, whatever the type and turn, text and colours; and the rows of bands are known, so
+// that the comparisons are really saved.
+TEST(RenderTest, RowsSaidToRepeatTheRowAboveDo) {
+    for (unsigned type = 0; type < BarcodeVelko::kCodeTypeCount; ++type) {
+        for (unsigned rotation : {0u, 90u, 180u, 270u}) {
+            BarcodeFacade2 facade;
+            VelkoTest::setUp(facade, type, rotation % 180 ? 160 : 260, rotation % 180 ? 260 : 160,
+                             rotation);
+            facade.setBarColor(0xFF202080);
+            std::vector<unsigned char> repeated;
+            const PImage image = facade.draw(repeated);
+            const size_t rowBytes = 4 * static_cast<size_t>(image.width());
+            size_t said = 0;
+            for (size_t y = 0; y < repeated.size(); ++y) {
+                said += repeated[y];
+                EXPECT_TRUE(!repeated[y] || std::equal(image.pixelData() + y * rowBytes,
+                                                       image.pixelData() + (y + 1) * rowBytes,
+                                                       image.pixelData() + (y - 1) * rowBytes))
+                    << "type " << type << " rotation " << rotation << " row " << y;
+            }
+            if (rotation % 180 == 0 && facade.getLastError().code() == 0) {
+                EXPECT_GT(said, image.height() / 4) << "type " << type << " rotation " << rotation;
+            }
+        }
     }
 }
 
