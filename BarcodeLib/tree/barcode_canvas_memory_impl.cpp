@@ -120,11 +120,22 @@ void BarcodeCanvasMemoryImpl::drawBarImp(unsigned width, unsigned height, bool) 
         static_cast<unsigned>(std::min<unsigned long long>(device->width(), 0ULL + d->x + width));
     const auto bottom =
         static_cast<unsigned>(std::min<unsigned long long>(device->height(), 0ULL + d->y + height));
-    // In a band only the first line; the band's end copies it down.
-    const unsigned lines = d->bandHeight > 0 ? std::min(1u, bottom - d->y) : bottom - d->y;
     if (right > d->x && bottom > d->y) {
-        device->fillRect(static_cast<int>(d->x), static_cast<int>(d->y), right - d->x, lines,
-                         d->barColor.value());
+        const int x = static_cast<int>(d->x);
+        const unsigned width = right - d->x;
+        const unsigned color = d->barColor.value();
+        if (d->bandHeight == 0) {
+            device->fillRect(x, static_cast<int>(d->y), width, bottom - d->y, color);
+        } else {
+            // In a band only the first line, which the band's end copies down; below the band,
+            // what a taller run has of its own.
+            device->fillRect(x, static_cast<int>(d->y), width, 1, color);
+            const unsigned long long bandBottom = 0ULL + d->y + d->bandHeight;
+            if (bottom > bandBottom) {
+                device->fillRect(x, static_cast<int>(bandBottom), width,
+                                 bottom - static_cast<unsigned>(bandBottom), color);
+            }
+        }
     }
     d->x = right;
     d->y = bottom;

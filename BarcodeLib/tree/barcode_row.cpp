@@ -1,5 +1,7 @@
 #include "BarcodeLib/tree/barcode_row.h"
 
+#include <algorithm>
+
 #include "BarcodeLib/tree/barcode_canvas.h"
 
 namespace BarcodeVelko {
@@ -20,7 +22,7 @@ unsigned BarcodeRow::getMinHeight() const {
     return maxOf<&AbstractBarcodeElement::getMinHeight>();
 }
 
-// A row of runs of one height is the same line of pixels from top to bottom.
+// A row of runs is the same line of pixels from top to bottom as far as its lowest run goes.
 void BarcodeRow::draw(BarcodeCanvas* canvas) {
     const unsigned height = canvas ? runsHeight() : 0;
     if (height > 1 && canvas->beginBand(height)) {
@@ -35,11 +37,12 @@ unsigned BarcodeRow::runsHeight() const {
     if (children.empty()) {
         return 0;
     }
-    const unsigned height = children.front()->getHeight();
+    unsigned height = children.front()->getHeight();
     for (const AbstractBarcodeElement* child : children) {
-        if (!child->isRun() || child->getHeight() != height) {
+        if (!child->isRun()) {
             return 0;
         }
+        height = std::min(height, child->getHeight());
     }
     return height;
 }

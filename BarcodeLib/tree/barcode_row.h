@@ -14,7 +14,7 @@ public:
     void draw(BarcodeCanvas* canvas) override;
 
 private:
-    // The height of every child when all are runs of one height; 0 otherwise.
+    // The height that every child covers, the least of theirs, when all are runs; 0 otherwise.
     unsigned runsHeight() const;
 };
 

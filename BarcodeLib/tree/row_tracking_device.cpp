@@ -5,7 +5,7 @@
 namespace BarcodeVelko {
 
 RowTrackingDevice::RowTrackingDevice(PAbstractPaintDevice* picture)
-    : PAbstractPaintDeviceWrapper(picture), rows(height()) {}
+    : PAbstractPaintDeviceWrapper(picture), rows(height()), pictureWidth(width()) {}
 
 void RowTrackingDevice::setPixel(int x, int y, unsigned int value) {
     drawn(x, 1, y, 1);
@@ -29,7 +29,18 @@ bool RowTrackingDevice::copyRect(int x, int y, unsigned width, unsigned height, 
 }
 
 void RowTrackingDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
-    drawn(x, count, y, 1);
+    // A glyph's rows come one at a time, each inside the picture.
+    if (y >= 0 && static_cast<unsigned>(y) + 1 < rows.size() && x >= 0 &&
+        count <= pictureWidth - std::min<unsigned>(static_cast<unsigned>(x), pictureWidth)) {
+        Row& row = rows[static_cast<unsigned>(y)];
+        row.state = State::kDrawn;
+        row.left = std::min(row.left, static_cast<unsigned>(x));
+        row.right = std::max(row.right, static_cast<unsigned>(x) + count);
+        Row& below = rows[static_cast<unsigned>(y) + 1];
+        below.state = below.state == State::kRepeatsAbove ? State::kDrawn : below.state;
+    } else {
+        drawn(x, count, y, 1);
+    }
     PAbstractPaintDeviceWrapper::putRow(x, y, pixels, count);
 }
 
@@ -105,17 +116,14 @@ void RowTrackingDevice::drawn(long long x, unsigned long long width, long long t
     if (from >= to || width == 0) {
         return;
     }
-    const long long pictureWidth = static_cast<long long>(PAbstractPaintDeviceWrapper::width());
-    const auto left = static_cast<unsigned>(std::clamp(x, 0LL, pictureWidth));
-    const auto right = static_cast<unsigned>(
-        std::clamp(x + static_cast<long long>(std::min<unsigned long long>(width, pictureWidth)),
-                   0LL, pictureWidth));
-    for (long long y = from; y < to; ++y) {
-        Row& row = rows[y];
-        const bool first = row.state == State::kUntouched || row.left == row.right;
-        row.left = first ? left : std::min(row.left, left);
-        row.right = first ? right : std::max(row.right, right);
-        row.state = State::kDrawn;
+    const long long widest = pictureWidth;
+    const auto left = static_cast<unsigned>(std::clamp(x, 0LL, widest));
+    const auto right = static_cast<unsigned>(std::clamp(
+        x + static_cast<long long>(std::min<unsigned long long>(width, widest)), 0LL, widest));
+    for (Row* row = rows.data() + from; row < rows.data() + to; ++row) {
+        row->state = State::kDrawn;
+        row->left = std::min(row->left, left);
+        row->right = std::max(row->right, right);
     }
     if (to < size && rows[to].state == State::kRepeatsAbove) {
         rows[to].state = State::kDrawn;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 #include "layer/graphics/p_abstract_paint_device_wrapper.h"
@@ -41,10 +42,10 @@ public:
 
 private:
     enum class State : unsigned char { kUntouched, kDrawn, kRepeatsAbove };
-    // A row's state, and the columns drawn on since the fill.
+    // A row's state, and the columns drawn on since the fill (none: left past right).
     struct Row {
         State state = State::kUntouched;
-        unsigned left = 0;
+        unsigned left = std::numeric_limits<unsigned>::max();
         unsigned right = 0;
     };
 
@@ -52,6 +53,7 @@ private:
     bool repeatsAbove(std::size_t y) const;
 
     std::vector<Row> rows;
+    unsigned pictureWidth;
     bool known = true;
 };
 
