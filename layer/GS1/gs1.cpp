@@ -1,7 +1,7 @@
 #include "layer/GS1/gs1.h"
 
 #include <exception>
-#include <regex>
+#include <string>
 
 #include "layer/GS1/gs1_id_table.h"
 #include "layer/foundation/string_helpers.h"
@@ -17,27 +17,53 @@ struct Refusal {
     int line;
 };
 
+// An application identifier in brackets: "(", two to four digits, ")".
+struct Identifier {
+    size_t start;
+    size_t digits;
+};
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// The first identifier in text from `from` on.
+bool findIdentifier(const std::string& text, size_t from, Identifier& found) {
+    constexpr size_t kMinDigits = 2;
+    constexpr size_t kMaxDigits = 4;
+    for (size_t open = text.find('(', from); open != std::string::npos;
+         open = text.find('(', open + 1)) {
+        size_t digits = 0;
+        while (digits < kMaxDigits && open + 1 + digits < text.size() &&
+               isDigit(text[open + 1 + digits])) {
+            ++digits;
+        }
+        // Fewer digits than were read would be followed by a digit, not by ")".
+        if (digits >= kMinDigits && open + 1 + digits < text.size() &&
+            text[open + 1 + digits] == ')') {
+            found = {open, digits};
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 std::string text2gs1raw(const std::string& text, PError* error) {
     try {
         const std::string t = trimed(text);
-        static const std::regex identifier("\\(([0-9]{2,4})\\)");
         const std::map<std::string, GS1IdSection>& table = gs1IdTable();
         std::string result;
         size_t pos = 0;
-        auto search = [&](size_t from, std::smatch& match) {
-            return std::regex_search(t.begin() + static_cast<std::ptrdiff_t>(from), t.end(), match,
-                                     identifier);
-        };
         while (pos < t.size()) {
-            std::smatch match;
+            Identifier match;
             // Every element starts where the one before it ended: text between two elements
             // would otherwise be skipped, and the next data read from the wrong place.
-            if (!search(pos, match) || match.position(0) != 0) {
+            if (!findIdentifier(t, pos, match) || match.start != pos) {
                 throw Refusal{0, "Not gs1 code", __LINE__};
             }
-            const std::string ai = match.str(1);
+            const std::string ai = t.substr(match.start + 1, match.digits);
             const auto row = table.find(ai);
             if (row == table.end()) {
                 if (pos == 0) {
@@ -49,7 +75,7 @@ std::string text2gs1raw(const std::string& text, PError* error) {
             if (pos == 0) {
                 result += kGS1StartMarker;
             }
-            const size_t dataStart = pos + static_cast<size_t>(match.length(0));
+            const size_t dataStart = pos + match.digits + 2;
             size_t end = dataStart + section.fixedLength;
             if (t.size() < end) {
                 throw Refusal{100,
@@ -63,9 +89,8 @@ std::string text2gs1raw(const std::string& text, PError* error) {
             }
             result.append(t, dataStart, section.fixedLength);
             if (section.variableLength != 0) {
-                std::smatch next;
-                const size_t partEnd =
-                    search(end, next) ? end + static_cast<size_t>(next.position(0)) : t.size();
+                Identifier next;
+                const size_t partEnd = findIdentifier(t, end, next) ? next.start : t.size();
                 if (partEnd - end > section.variableLength) {
                     throw Refusal{100, "Vary code part exeed standart", __LINE__};
                 }
