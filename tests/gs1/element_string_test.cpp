@@ -23,6 +23,8 @@ TEST(ElementString, RawFormOrTheReasonOfARefusal) {
         {" \t ", "", 0, ""},
         {"  (20)(1 ", "{FMC1}20(1", 0, ""},  // a fixed part takes any characters
         {"(99)", "{FMC1}99", 0, ""},         // no separator at the end
+        // Brackets of one digit or five are data.
+        {"(10)A(12345)(1)B", "{FMC1}10A(12345)(1)B", 0, ""},
         {"(10)" + x20, "{FMC1}10" + x20, 0, ""},
         {"(10)" + x20 + "x", "(10)" + x20 + "x", 100, tooLong},
         // The limit applies behind the fixed part.
