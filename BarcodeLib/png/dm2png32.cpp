@@ -192,54 +192,50 @@ bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height
     return true;
 }
 
-// The palette of the picture; false when it has more colours than a palette holds. A row like
-// the one above it, as most rows of a barcode are, brings no new colour; within a row only a
-// change of colour is looked up.
-bool findPalette(const unsigned char* pixels, unsigned width, unsigned height,
-                 const std::vector<bool>& repeats, Palette& palette) {
+// The picture as 8-bit indices into its palette, the colours in order of appearance; false when
+// it has more colours than a palette holds. Within a row only a change of colour is looked up.
+bool indexColours(const unsigned char* pixels, unsigned width, unsigned height,
+                  const std::vector<bool>& repeats, Palette& palette, Scanlines& indices) {
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
-        if (repeats[y]) {
+        unsigned char* out = indices.next(repeats[y]);
+        if (!out) {
             continue;
         }
         unsigned previous = 0;
+        int index = 0;
         for (unsigned x = 0; x < width; ++x) {
             unsigned color;
             std::memcpy(&color, row + 4 * x, 4);
-            if ((x == 0 || color != previous) && palette.indexOf(color) < 0) {
-                return false;
+            if (x == 0 || color != previous) {
+                index = palette.indexOf(color);
+                if (index < 0) {
+                    return false;
+                }
+                previous = color;
             }
-            previous = color;
+            out[1 + x] = static_cast<unsigned char>(index);
         }
     }
     return true;
 }
 
-// The PNG scanlines of the indices: each row a filter byte (none) and its indices, bitDepth
-// bits each from the high bit, padded to a whole byte.
-Scanlines scanlines(const unsigned char* pixels, unsigned width, unsigned height,
-                    const std::vector<bool>& repeats, Palette& palette) {
-    const unsigned depth = palette.bitDepth();
-    Scanlines lines(scanlineBytes(width, depth), repeats);
-    for (unsigned y = 0; y < height; ++y) {
-        const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
-        unsigned char* out = lines.next(repeats[y]);
-        if (!out) {
-            continue;
-        }
-        ++out;
+// The PNG scanlines of 8-bit indices at a lower depth: depth bits each from the high bit, each
+// line padded to a whole byte.
+Scanlines packIndices(Scanlines indices, unsigned width, unsigned depth) {
+    if (depth == 8) {
+        return indices;
+    }
+    Scanlines lines(scanlineBytes(width, depth), {});
+    lines.rows = indices.rows;
+    lines.bytes.assign(lines.rows.size() * lines.lineBytes, 0);
+    for (size_t i = 0; i < lines.rows.size(); ++i) {
+        const unsigned char* index = &indices.bytes[i * indices.lineBytes + 1];
+        unsigned char* out = &lines.bytes[i * lines.lineBytes + 1];
         unsigned accumulated = 0;
         unsigned bits = 0;
-        unsigned previous = 0;
-        unsigned index = 0;
         for (unsigned x = 0; x < width; ++x) {
-            unsigned color;
-            std::memcpy(&color, row + 4 * x, 4);
-            if (x == 0 || color != previous) {
-                index = static_cast<unsigned>(palette.indexOf(color));
-                previous = color;
-            }
-            accumulated = (accumulated << depth) | index;
+            accumulated = (accumulated << depth) | index[x];
             bits += depth;
             if (bits == 8) {
                 *out++ = static_cast<unsigned char>(accumulated);
@@ -601,9 +597,11 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
             if (!encodeGrey(png, palette, lines, width, height, code)) {
                 code = encodePalette(png, palette, lines, width, height);
             }
-        } else if (findPalette(pixels, width, height, repeats, palette)) {
-            code = encodePalette(png, palette, scanlines(pixels, width, height, repeats, palette),
-                                 width, height);
+        } else if (Scanlines indices(scanlineBytes(width, 8), repeats);
+                   indexColours(pixels, width, height, repeats, palette, indices)) {
+            code = encodePalette(png, palette,
+                                 packIndices(std::move(indices), width, palette.bitDepth()), width,
+                                 height);
         } else {
             code = encodeTrueColour(png, pixels, width, height, repeats);
         }
