@@ -169,7 +169,7 @@ CImageResizer::CImageResizer(const CImageResizerParams& params)
 
 void CImageResizer::resizeImage(const unsigned char* src, int srcWidth, int srcHeight,
                                 int srcScanlineSize, unsigned char* dst, int newWidth,
-                                int newHeight, int elCount) const {
+                                int newHeight, int elCount, int dstScanlineSize) const {
     if (!src || !dst || srcWidth <= 0 || srcHeight <= 0 || newWidth <= 0 || newHeight <= 0 ||
         elCount <= 0) {
         return;
@@ -183,7 +183,8 @@ void CImageResizer::resizeImage(const unsigned char* src, int srcWidth, int srcH
     // Strips of columns, one after the other, so that the float buffers of the column pass stay
     // small however large the target: each strip's rows go straight into the first buffer of
     // its column pass, whose samples are whole rows of the strip.
-    const size_t dstPitch = static_cast<size_t>(newWidth) * pixel;
+    const size_t dstPitch = dstScanlineSize > 0 ? static_cast<size_t>(dstScanlineSize)
+                                                : static_cast<size_t>(newWidth) * pixel;
     for (int left = 0; left < newWidth; left += kStripPixels) {
         const int right = std::min(newWidth, left + kStripPixels);
         const size_t rowElements = static_cast<size_t>(right - left) * pixel;

@@ -26,13 +26,14 @@ public:
 
     explicit CImageResizer(const CImageResizerParams& params = CImageResizerParams());
 
-    // srcScanlineSize: bytes from one source row to the next, 0 for srcWidth * elCount. The
-    // target holds newWidth * newHeight * elCount bytes without gaps. Every channel is
+    // srcScanlineSize and dstScanlineSize: bytes from one row to the next, 0 for the width
+    // times elCount, rows without gaps. Every channel is
     // filtered on its own, alpha like the others. Enlarging a direction makes the first and
     // last pixels of both coincide; shrinking it keeps the areas the same. A size of 0 on
     // either side leaves the target as it is.
     void resizeImage(const unsigned char* src, int srcWidth, int srcHeight, int srcScanlineSize,
-                     unsigned char* dst, int newWidth, int newHeight, int elCount) const;
+                     unsigned char* dst, int newWidth, int newHeight, int elCount,
+                     int dstScanlineSize = 0) const;
 
     const CImageResizerParams& params() const { return designParams; }
     const CDSPFracFilterBankLin& fracBank() const { return bank; }

@@ -452,47 +452,59 @@ private:
     unsigned distanceCounts[kDistanceSymbols] = {};
 };
 
-// Reads a deflate stream bit by bit, to find where its blocks begin and end.
+// Reads a deflate stream, to find where its blocks begin and end. The bytes must go on for
+// kReadAhead bytes past size.
 class BitReader {
 public:
-    BitReader(const unsigned char* bytes, std::size_t size) : bytes(bytes), bitCount(size * 8) {}
+    static constexpr std::size_t kReadAhead = 8;
 
-    unsigned number(unsigned bits) {
-        unsigned value = 0;
-        for (unsigned i = 0; i < bits; ++i) {
-            value |= bit() << i;
-        }
-        return value;
-    }
+    BitReader(const unsigned char* bytes, std::size_t size) : bytes(bytes), size(size) {}
 
-    unsigned bit() {
-        if (at >= bitCount) {
-            overrun = true;
+    // The next bits, at most 32, without taking them.
+    unsigned peek(unsigned bits) const {
+        if (at / 8 >= size) {
             return 0;
         }
-        const unsigned value = (bytes[at / 8] >> (at % 8)) & 1u;
-        ++at;
+        std::uint64_t word = 0;
+        for (unsigned i = 0; i < kReadAhead; ++i) {
+            word |= static_cast<std::uint64_t>(bytes[at / 8 + i]) << (8 * i);
+        }
+        return static_cast<unsigned>((word >> (at % 8)) & ((std::uint64_t{1} << bits) - 1));
+    }
+
+    void skip(std::size_t bits) { at += bits; }
+
+    unsigned number(unsigned bits) {
+        const unsigned value = peek(bits);
+        skip(bits);
         return value;
     }
 
     void skipToByte() { at = (at + 7) / 8 * 8; }
-    void skipBytes(std::size_t count) { at += 8 * count; }
     std::size_t position() const { return at; }
-    bool failed() const { return overrun || at > bitCount; }
+    bool failed() const { return at > 8 * size; }
 
 private:
     const unsigned char* bytes;
-    std::size_t bitCount;
+    std::size_t size;
     std::size_t at = 0;
-    bool overrun = false;
 };
 
-// A canonical Huffman code to read, by how many codes each length has.
+// A canonical Huffman code to read: short codes at one look-up, longer ones a bit at a time.
 class HuffmanReader {
 public:
     HuffmanReader(const unsigned char* lengths, unsigned symbols) {
+        HuffmanCode code;
+        std::copy(lengths, lengths + symbols, code.lengths);
+        code.assign(symbols);
         for (unsigned i = 0; i < symbols; ++i) {
             ++perLength[lengths[i]];
+            if (lengths[i] != 0 && lengths[i] <= kFastBits) {
+                for (unsigned index = code.bits[i]; index < (1u << kFastBits);
+                     index += 1u << lengths[i]) {
+                    fast[index] = static_cast<std::uint16_t>(i << 4 | lengths[i]);
+                }
+            }
         }
         unsigned offsets[kMaxCodeBits + 2] = {};
         for (unsigned bits = 1; bits <= kMaxCodeBits; ++bits) {
@@ -507,11 +519,15 @@ public:
 
     // The next symbol; -1 for a code that isn't there.
     int read(BitReader& in) const {
+        if (const unsigned entry = fast[in.peek(kFastBits)]) {
+            in.skip(entry & 15);
+            return static_cast<int>(entry >> 4);
+        }
         int code = 0;
         int first = 0;
         int index = 0;
         for (unsigned bits = 1; bits <= kMaxCodeBits; ++bits) {
-            code |= static_cast<int>(in.bit());
+            code |= static_cast<int>(in.number(1));
             const int count = static_cast<int>(perLength[bits]);
             if (code - first < count) {
                 return ordered[index + code - first];
@@ -524,8 +540,12 @@ public:
     }
 
 private:
+    static constexpr unsigned kFastBits = 10;
+
     unsigned perLength[kMaxCodeBits + 1] = {};
     std::uint16_t ordered[kMaxSymbols] = {};
+    // Symbol and length of each code of at most kFastBits, at every index that starts with it.
+    std::uint16_t fast[1u << kFastBits] = {};
 };
 
 // Walks one block's symbols up to its end; false on anything out of place.
@@ -599,11 +619,11 @@ struct StreamEnd {
     std::size_t end = 0;
 };
 
-bool findStreamEnd(const std::vector<unsigned char>& raw, StreamEnd& found) {
-    BitReader in(raw.data(), raw.size());
+bool findStreamEnd(const unsigned char* raw, std::size_t size, StreamEnd& found) {
+    BitReader in(raw, size);
     for (bool last = false; !last;) {
         found.lastBlock = in.position();
-        last = in.bit() != 0;
+        last = in.number(1) != 0;
         const unsigned type = in.number(2);
         if (type == 0) {
             in.skipToByte();
@@ -611,7 +631,7 @@ bool findStreamEnd(const std::vector<unsigned char>& raw, StreamEnd& found) {
             if ((in.number(16) ^ 0xFFFFu) != length) {
                 return false;
             }
-            in.skipBytes(length);
+            in.skip(8 * static_cast<std::size_t>(length));
         } else if (type == 1) {
             const FixedCodes& fixed = fixedCodes();
             if (!skipSymbols(in, HuffmanReader(fixed.literals.lengths, kMaxSymbols),
@@ -641,7 +661,12 @@ bool spliceBand(BlockWriter& blocks, const ScanlineDeflate::BandDeflate& band,
                 const unsigned char* bytes, std::size_t size) {
     std::vector<unsigned char> raw;
     StreamEnd end;
-    if (!band(bytes, size, raw) || !findStreamEnd(raw, end)) {
+    if (!band(bytes, size, raw)) {
+        return false;
+    }
+    const std::size_t rawSize = raw.size();
+    raw.resize(rawSize + BitReader::kReadAhead);
+    if (!findStreamEnd(raw.data(), rawSize, end)) {
         return false;
     }
     raw[end.lastBlock / 8] &= static_cast<unsigned char>(~(1u << (end.lastBlock % 8)));
