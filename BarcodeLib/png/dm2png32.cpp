@@ -94,9 +94,11 @@ public:
         return &bytes[bytes.size() - lineBytes];
     }
 
-    unsigned char* lineOfRow(size_t y) {
+    // The line of row y, which must be in the picture.
+    const unsigned char* lineOfRow(size_t y) const {
         size_t line = 0;
-        for (size_t covered = rows.empty() ? 0 : rows[0]; covered <= y; covered += rows[++line]) {
+        for (size_t covered = rows[0]; covered <= y;) {
+            covered += rows[++line];
         }
         return &bytes[line * lineBytes];
     }
@@ -137,7 +139,7 @@ bool packByte(const unsigned char* pixels, const unsigned (&colours)[2], unsigne
 }
 
 // The usual picture, of one or two colours, in one pass: the palette in order of appearance and
-// the scanlines at one bit a pixel, as scanlines makes them. False at a third colour.
+// the scanlines at one bit a pixel, as packIndices makes them. False at a third colour.
 bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height,
                     const std::vector<bool>& repeats, Palette& palette, Scanlines& lines) {
     unsigned colours[2] = {0, 0};
@@ -394,7 +396,7 @@ unsigned writePng(std::vector<unsigned char>& png, const Scanlines& lines, unsig
                   const std::vector<unsigned char>& transparency) {
     // A general deflate only pays for its tables on a large picture with many lines of their
     // own, and not on 8-bit indices, a logo's picture: its lines of a few runs go smaller and
-    // three times faster in one pass.
+    // three times faster in one pass. True colour takes it for a logo's band alone.
     std::vector<unsigned char> compressed;
     const size_t channels = colourType == kTrueColour            ? 3
                             : colourType == kTrueColourWithAlpha ? 4
@@ -470,7 +472,7 @@ int greyLevel(unsigned color) {
 // ends, left and right together.
 constexpr double kWideMargins = 0.3;
 
-bool wideMargins(Scanlines& lines, unsigned height) {
+bool wideMargins(const Scanlines& lines, unsigned height) {
     const size_t lineBytes = lines.lineBytes;
     const unsigned char* first = lines.lineOfRow(height / 2) + 1;
     const unsigned char* last = first + lineBytes - 2;

@@ -361,9 +361,7 @@ struct DynamicHeader {
 // codes and the block's own.
 class BlockWriter {
 public:
-    explicit BlockWriter(std::vector<unsigned char>& out) : writer(out) {
-        tokens.reserve(kBlockTokens);
-    }
+    explicit BlockWriter(std::vector<unsigned char>& out) : writer(out) {}
 
     void literal(unsigned char byte) {
         tokens.push_back(byte);
