@@ -463,14 +463,17 @@ public:
         if (at / 8 >= size) {
             return 0;
         }
-        std::uint64_t word = 0;
-        for (unsigned i = 0; i < kReadAhead; ++i) {
-            word |= static_cast<std::uint64_t>(bytes[at / 8 + i]) << (8 * i);
-        }
+        std::uint64_t word;
+        std::memcpy(&word, bytes + at / 8, sizeof word);
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+        word = __builtin_bswap64(word);
+#endif
         return static_cast<unsigned>((word >> (at % 8)) & ((std::uint64_t{1} << bits) - 1));
     }
 
-    void skip(std::size_t bits) { at += bits; }
+    void skip(std::size_t bits) {
+        at += bits;
+    }
 
     unsigned number(unsigned bits) {
         const unsigned value = peek(bits);
@@ -478,9 +481,15 @@ public:
         return value;
     }
 
-    void skipToByte() { at = (at + 7) / 8 * 8; }
-    std::size_t position() const { return at; }
-    bool failed() const { return at > 8 * size; }
+    void skipToByte() {
+        at = (at + 7) / 8 * 8;
+    }
+    std::size_t position() const {
+        return at;
+    }
+    bool failed() const {
+        return at > 8 * size;
+    }
 
 private:
     const unsigned char* bytes;
