@@ -1,6 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
 
 #include "resampler/filter_chain.h"
 #include "resampler/frac_filter_bank.h"
@@ -39,8 +43,15 @@ public:
     const CDSPFracFilterBankLin& fracBank() const { return bank; }
 
 private:
+    // The chain for a length change, designed or kept from before.
+    std::shared_ptr<const LineChain> chain(int srcLength, int dstLength) const;
+
     CImageResizerParams designParams;
     CDSPFracFilterBankLin bank;
+    // The last few short chains: designing one costs far more than a small logo's pixels, and
+    // pictures in a run bring the same logo at the same size.
+    mutable std::mutex keptMutex;
+    mutable std::vector<std::pair<std::pair<int, int>, std::shared_ptr<const LineChain>>> kept;
 };
 
 }  // namespace avir
