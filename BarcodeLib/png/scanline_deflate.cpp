@@ -98,6 +98,12 @@ public:
 
     // Bits as they come in a deflate stream, from the low bit of the first byte on.
     void bits(const unsigned char* bytes, std::size_t bitCount) {
+        // Four bytes at a time: the buffer holds under 32 bits between numbers.
+        for (; bitCount >= 32; bitCount -= 32, bytes += 4) {
+            number(static_cast<unsigned>(bytes[0] | bytes[1] << 8 | bytes[2] << 16) |
+                       static_cast<unsigned>(bytes[3]) << 24,
+                   32);
+        }
         for (; bitCount >= 8; bitCount -= 8) {
             number(*bytes++, 8);
         }
