@@ -353,7 +353,8 @@ bool CBarcode::CallAsFunc(long method, VelkoVariant* returned, VelkoVariant* par
 bool CBarcode::getBarcode(VelkoVariant* value) {
     const LocaleScope localeScope(locale);
     result = 0;
-    const PImage image = facade->draw();
+    std::vector<unsigned char> repeatedRows;
+    const PImage image = facade->draw(repeatedRows);
     // A logo is for one picture only.
     facade->setLogo(PImage());
     facade->setLogoSizePercent(0.0);
@@ -363,7 +364,7 @@ bool CBarcode::getBarcode(VelkoVariant* value) {
     }
     int error = 0;
     const std::vector<unsigned char> png = BarcodeVelko::DM2PNG32(
-        image.pixelData(), image.width(), image.height(), image.bytesPerPixel(), &error);
+        image.pixelData(), image.width(), image.height(), repeatedRows, &error);
     if (facade->getLastError().code() != 0) {
         result = 1;
     }

@@ -1,6 +1,7 @@
 #include "BarcodeLib/databar/gs1_databar_exp_stack_binary_string_maker.h"
 
 #include <cstddef>
+#include <stdexcept>
 
 #include "BarcodeLib/databar/gs1_databar_exp_stack_tables.h"
 
@@ -62,24 +63,18 @@ size_t padLength(size_t length) {
     return (kCharacterBits - length % kCharacterBits) % kCharacterBits;
 }
 
+// The bits of a character of a table; a character that it lacks is an error of the caller.
+template <std::size_t N>
+const char* bitsOf(const GS1DatabarExpStackCharBits (&table)[N], char c) {
+    for (const GS1DatabarExpStackCharBits& entry : table) {
+        if (entry.character == c) {
+            return entry.bits;
+        }
+    }
+    throw std::out_of_range("no encoding of the character");
+}
+
 }  // namespace
-
-GS1DatabarExpStackBinaryStringMaker::GS1DatabarExpStackBinaryStringMaker() {
-    FillISOEncodingMap();
-    FillAlphaNumericEncodingMap();
-}
-
-void GS1DatabarExpStackBinaryStringMaker::FillISOEncodingMap() {
-    for (const GS1DatabarExpStackCharBits& entry : g_aISOEncodings) {
-        isoMap[entry.character] = entry.bits;
-    }
-}
-
-void GS1DatabarExpStackBinaryStringMaker::FillAlphaNumericEncodingMap() {
-    for (const GS1DatabarExpStackCharBits& entry : g_aAlphaNumericEncodings) {
-        alphaNumericMap[entry.character] = entry.bits;
-    }
-}
 
 bool GS1DatabarExpStackBinaryStringMaker::BuildBinaryString(const std::string& input,
                                                             std::string& output) {
@@ -352,7 +347,7 @@ void GS1DatabarExpStackBinaryStringMaker::ProcessAlphaNumericSymbol(size_t& pos)
     } else if (isUpper(c)) {
         AddDecimalValueToBinaryString(c - 33, 6);
     } else {
-        binaryString += alphaNumericMap.at(c);
+        binaryString += bitsOf(g_aAlphaNumericEncodings, c);
     }
     ++pos;
     lastScheme = c == kSeparator ? SCHEME_NUMERIC : SCHEME_ALPHANUMERIC;
@@ -375,7 +370,7 @@ void GS1DatabarExpStackBinaryStringMaker::ProcessISO_IEC_646Symbol(size_t& pos) 
     } else if (isLower(c)) {
         AddDecimalValueToBinaryString(c - 7, 7);
     } else {
-        binaryString += isoMap.at(c);
+        binaryString += bitsOf(g_aISOEncodings, c);
     }
     ++pos;
     lastScheme = c == kSeparator ? SCHEME_NUMERIC : SCHEME_ISO_IEC_646;

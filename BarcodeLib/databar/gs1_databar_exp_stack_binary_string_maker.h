@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -29,7 +28,7 @@ struct EncodingUnit {
 // no composite linkage. One object serves one call.
 class GS1DatabarExpStackBinaryStringMaker {
 public:
-    GS1DatabarExpStackBinaryStringMaker();
+    GS1DatabarExpStackBinaryStringMaker() = default;
 
     // input: identifiers and data without brackets and without the leading FNC1, the byte 29
     // between elements. False for a character with no encoding, a non-digit among the first 16
@@ -56,8 +55,6 @@ private:
     void AddDecimalValueToBinaryString(int value, int bits);
     void UniversalCompressionFieldPadding(size_t length);
     void FillVariableLengthField(int method);
-    void FillISOEncodingMap();
-    void FillAlphaNumericEncodingMap();
 
     std::string binaryString;
     std::string inputData;
@@ -66,6 +63,4 @@ private:
     std::vector<ENCODING_SCHEME> finalSchemes;
     std::vector<EncodingUnit> units;
     ENCODING_SCHEME lastScheme = SCHEME_NUMERIC;
-    std::map<char, std::string> isoMap;
-    std::map<char, std::string> alphaNumericMap;
 };

@@ -1,6 +1,7 @@
 #include "BarcodeLib/databar/strategy_gs1_databar_expanded_stacked.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "BarcodeLib/databar/gs1_databar_exp_stack_binary_string_maker.h"
 #include "BarcodeLib/databar/gs1_databar_exp_stack_drawer.h"
@@ -11,11 +12,10 @@
 #include "BarcodeLib/linear/strategy_ean128.h"
 #include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
+#include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/text_layout.h"
-#include "BarcodeLib/tree/barcode_bar.h"
 #include "BarcodeLib/tree/barcode_column.h"
 #include "BarcodeLib/tree/barcode_row.h"
-#include "BarcodeLib/tree/barcode_space.h"
 #include "BarcodeLib/tree/barcode_text.h"
 #include "layer/foundation/utf8.h"
 
@@ -136,8 +136,10 @@ void StrategyGS1DatabarExpandedStacked::DrawGS1DatabarExpStack(
     }
     const unsigned side = static_cast<unsigned>(moduleSize);
     SmartPtr<BarcodeColumn> column(newOrThrow<BarcodeColumn>());
+    std::vector<LeafRun> modules;
     for (int y = 0; y < structure.GetRowCount(); ++y) {
         SmartPtr<BarcodeRow> row(newOrThrow<BarcodeRow>());
+        modules.clear();
         for (int x = 0; x < structure.GetColumnCount(); ++x) {
             const GS1DatabarExpStackDrawModule& module = structure.GetModule(y, x);
             if (module.kind == GS1DatabarExpStackDrawStructure::kNothing) {
@@ -146,14 +148,9 @@ void StrategyGS1DatabarExpandedStacked::DrawGS1DatabarExpStack(
             const unsigned height = module.kind == GS1DatabarExpStackDrawStructure::kBarcodeModule
                                         ? kDataRowModules * side
                                         : side;
-            AbstractBarcodeElement* leaf =
-                module.isBar ? static_cast<AbstractBarcodeElement*>(
-                                   newOrThrow<BarcodeBar>(side, height, false, false))
-                             : newOrThrow<BarcodeSpace>(side, height, false, false);
-            SmartPtr<AbstractBarcodeElement> owned(leaf);
-            row->add(leaf);
-            owned.release();
+            modules.push_back({module.isBar, side, height, false});
         }
+        encode_runs(modules.data(), modules.size(), row.get());
         column->add(row.get());
         row.release();
     }

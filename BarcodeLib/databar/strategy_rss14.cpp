@@ -7,11 +7,10 @@
 #include "BarcodeLib/errors/barcode_exception.h"
 #include "BarcodeLib/new_or_throw.h"
 #include "BarcodeLib/smart_ptr.h"
+#include "BarcodeLib/strategy/encode_line.h"
 #include "BarcodeLib/strategy/linear_symbol.h"
 #include "BarcodeLib/strategy/text_layout.h"
-#include "BarcodeLib/tree/barcode_bar.h"
 #include "BarcodeLib/tree/barcode_row.h"
-#include "BarcodeLib/tree/barcode_space.h"
 #include "BarcodeLib/tree/barcode_text.h"
 
 namespace BarcodeVelko {
@@ -121,14 +120,12 @@ bool StrategyRSS14::generate(const wchar_t* code, AbstractBarcodeElement** eleme
     }
     buildColumn(element,
                 {[&](BarcodeRow* row) {
+                     // Spaces and bars in turn, a space first.
+                     LeafRun runs[kElementCount];
                      for (unsigned i = 0; i < kElementCount; ++i) {
-                         const bool last = i + 1 == kElementCount;
-                         if (i % 2 == 0) {
-                             addLeaf(row, newOrThrow<BarcodeSpace>(widths[i], 1u, false, last));
-                         } else {
-                             addLeaf(row, newOrThrow<BarcodeBar>(widths[i], 1u, false, last));
-                         }
+                         runs[i] = {i % 2 == 1, widths[i], 1u, i + 1 == kElementCount};
                      }
+                     encode_runs(runs, kElementCount, row);
                  },
                  [&](BarcodeRow* row) {
                      addLeaf(row, newOrThrow<BarcodeText>(kSymbolModules, 1u, codeText.c_str()));

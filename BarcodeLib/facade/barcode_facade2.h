@@ -150,6 +150,9 @@ public:
     // error and getLastError() says which.
     PImage draw();
     PImage draw2mem();
+    // The picture, and for each of its rows 1 where the row is known to repeat the row above,
+    // for the PNG step; empty when nothing is known.
+    PImage draw(std::vector<unsigned char>& repeatedRows);
     PError getLastError() const { return lastError; }
 
 private:
@@ -215,8 +218,10 @@ private:
     void unsizeRoot(bool onlyIfReadAsGenerated = false) const;
     // A root new, or left sized halfway, has no sizes of a picture to keep.
     void forgetRootSizes();
-    // The placed tree on a new canvas; an empty image with lastError set when that fails.
-    PImage paintTree(const Placement& placement);
+    PImage drawPicture(std::vector<unsigned char>* repeatedRows);
+    // The placed tree on a new canvas, and what is known of its rows when asked; an empty image
+    // with lastError set when that fails.
+    PImage paintTree(const Placement& placement, std::vector<unsigned char>* repeatedRows);
     PImage drawErrorImage() const;
     // Lists the system's fonts once for this object; with fonts, the one in use becomes the
     // built-in "default", as it stays (empty) where there are none.

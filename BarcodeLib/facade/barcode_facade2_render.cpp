@@ -48,16 +48,31 @@ PImage BarcodeFacade2::draw() {
     return draw2mem();
 }
 
+PImage BarcodeFacade2::draw(std::vector<unsigned char>& repeatedRows) {
+    return drawPicture(&repeatedRows);
+}
+
 PImage BarcodeFacade2::draw2mem() {
+    return drawPicture(nullptr);
+}
+
+PImage BarcodeFacade2::drawPicture(std::vector<unsigned char>* repeatedRows) {
     std::lock_guard<std::mutex> lock(mutex);
     PImage result;
     lastError.clear();
+    if (repeatedRows) {
+        repeatedRows->clear();
+    }
     try {
         Placement placement;
         lastError = placeTree(placement);
         if (lastError.code() == 0) {
-            result = paintTree(placement);
-            if (g_codeTypes[codeType].has(kTakesLogo)) {
+            result = paintTree(placement, repeatedRows);
+            if (g_codeTypes[codeType].has(kTakesLogo) && logo.isValid() && logoSizePercent > 0.0) {
+                // The logo's rows repeat nothing.
+                if (repeatedRows) {
+                    repeatedRows->clear();
+                }
                 const SymbolArea drawn = {static_cast<int>(placement.x),
                                           static_cast<int>(placement.y), placement.symbolWidth,
                                           placement.symbolHeight};
@@ -71,6 +86,9 @@ PImage BarcodeFacade2::draw2mem() {
             }
         }
     } catch (...) {
+        if (repeatedRows) {
+            repeatedRows->clear();
+        }
         lastError = PError(kGenerationError, PString(kGenerationErrorText));
         // The tree may be left sized halfway.
         picturing = false;
@@ -187,7 +205,8 @@ PError BarcodeFacade2::placeTree(Placement& placement) {
     return PError();
 }
 
-PImage BarcodeFacade2::paintTree(const Placement& placement) {
+PImage BarcodeFacade2::paintTree(const Placement& placement,
+                                 std::vector<unsigned char>* repeatedRows) {
     const unsigned background = bgTransparent ? kTransparentBackground : bgColor;
     auto imp = std::make_unique<BarcodeCanvasMemoryImpl>(
         placement.canvasWidth, placement.canvasHeight, background, &spareCanvas);
@@ -208,6 +227,8 @@ PImage BarcodeFacade2::paintTree(const Placement& placement) {
     PImage image = canvasImp->getImage();
     if (!image.isValid()) {
         lastError = canvasImp->lastError();
+    } else if (repeatedRows) {
+        *repeatedRows = canvasImp->repeatedRows();
     }
     return image;
 }

@@ -5,6 +5,7 @@
 #include <lodepng.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -14,6 +15,9 @@
 
 #ifdef VELKO_HAVE_LIBDEFLATE
 #include <libdeflate.h>
+#endif
+#if defined(__SSE2__)
+#include <emmintrin.h>
 #endif
 
 namespace BarcodeVelko {
@@ -61,14 +65,18 @@ size_t scanlineBytes(unsigned width, unsigned depth) {
     return 1 + (static_cast<size_t>(width) * depth + 7) / 8;
 }
 
-// Which rows repeat the row above, as most rows of a barcode do: found once, they then cost
-// no more than a count.
-std::vector<bool> repeatedRows(const unsigned char* pixels, unsigned width, unsigned height) {
+// 1 for each row that repeats the row above, as most rows of a barcode do: found once, they
+// then cost no more than a count.
+using Repeats = std::vector<unsigned char>;
+
+// The rows that the canvas already knows to repeat (hints, may be null) aren't compared.
+Repeats findRepeats(const unsigned char* pixels, unsigned width, unsigned height,
+                    const unsigned char* hints) {
     const size_t bytes = 4 * static_cast<size_t>(width);
-    std::vector<bool> repeats(height);
+    Repeats repeats(height, 0);
     for (unsigned y = 1; y < height; ++y) {
         const unsigned char* row = pixels + bytes * y;
-        repeats[y] = std::memcmp(row, row - bytes, bytes) == 0;
+        repeats[y] = (hints && hints[y]) || std::memcmp(row, row - bytes, bytes) == 0;
     }
     return repeats;
 }
@@ -76,7 +84,7 @@ std::vector<bool> repeatedRows(const unsigned char* pixels, unsigned width, unsi
 // PNG scanlines with each run of equal lines kept once.
 class Scanlines {
 public:
-    Scanlines(size_t lineBytes, const std::vector<bool>& repeats) : lineBytes(lineBytes) {
+    Scanlines(size_t lineBytes, const Repeats& repeats) : lineBytes(lineBytes) {
         const size_t distinct =
             static_cast<size_t>(std::count(repeats.begin(), repeats.end(), false));
         bytes.reserve(distinct * lineBytes);
@@ -122,26 +130,56 @@ public:
     std::vector<size_t> rows;
 };
 
+// A mask of eight pixels, the first pixel in bit 0, as a byte whose high bit is the first pixel.
+constexpr std::array<unsigned char, 256> makeReversedBytes() {
+    std::array<unsigned char, 256> reversed{};
+    for (unsigned value = 0; value < 256; ++value) {
+        unsigned bits = 0;
+        for (unsigned i = 0; i < 8; ++i) {
+            bits |= ((value >> i) & 1u) << (7 - i);
+        }
+        reversed[value] = static_cast<unsigned char>(bits);
+    }
+    return reversed;
+}
+
+constexpr std::array<unsigned char, 256> kReversedBytes = makeReversedBytes();
+
 // Eight pixels of the two colours as the bits of a byte, the second colour set; false at a
 // third colour.
 bool packByte(const unsigned char* pixels, const unsigned (&colours)[2], unsigned char& byte) {
-    unsigned bits = 0;
-    bool foreign = false;
+#if defined(__SSE2__)
+    // Four pixels a compare: most of a picture's distinct rows are packed here.
+    const __m128i first = _mm_set1_epi32(static_cast<int>(colours[0]));
+    const __m128i second = _mm_set1_epi32(static_cast<int>(colours[1]));
+    const __m128i left = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixels));
+    const __m128i right = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixels + 16));
+    const auto mask = [](__m128i low, __m128i high) {
+        return static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(low)) |
+                                     _mm_movemask_ps(_mm_castsi128_ps(high)) << 4);
+    };
+    const unsigned isFirst = mask(_mm_cmpeq_epi32(left, first), _mm_cmpeq_epi32(right, first));
+    const unsigned isSecond = mask(_mm_cmpeq_epi32(left, second), _mm_cmpeq_epi32(right, second));
+    byte = kReversedBytes[~isFirst & 0xFFu];
+    return (isFirst | isSecond) == 0xFFu;
+#else
+    unsigned isFirst = 0;
+    unsigned isSecond = 0;
     for (unsigned i = 0; i < 8; ++i) {
         unsigned color;
         std::memcpy(&color, pixels + 4 * i, 4);
-        const bool second = color != colours[0];
-        foreign |= second && color != colours[1];
-        bits = (bits << 1) | static_cast<unsigned>(second);
+        isFirst |= static_cast<unsigned>(color == colours[0]) << i;
+        isSecond |= static_cast<unsigned>(color == colours[1]) << i;
     }
-    byte = static_cast<unsigned char>(bits);
-    return !foreign;
+    byte = kReversedBytes[~isFirst & 0xFFu];
+    return (isFirst | isSecond) == 0xFFu;
+#endif
 }
 
 // The usual picture, of one or two colours, in one pass: the palette in order of appearance and
 // the scanlines at one bit a pixel, as packIndices makes them. False at a third colour.
 bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height,
-                    const std::vector<bool>& repeats, Palette& palette, Scanlines& lines) {
+                    const Repeats& repeats, Palette& palette, Scanlines& lines) {
     unsigned colours[2] = {0, 0};
     unsigned count = 0;
     if (width > 0 && height > 0) {
@@ -197,7 +235,7 @@ bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height
 // The picture as 8-bit indices into its palette, the colours in order of appearance; false when
 // it has more colours than a palette holds. Within a row only a change of colour is looked up.
 bool indexColours(const unsigned char* pixels, unsigned width, unsigned height,
-                  const std::vector<bool>& repeats, Palette& palette, Scanlines& indices) {
+                  const Repeats& repeats, Palette& palette, Scanlines& indices) {
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
         unsigned char* out = indices.next(repeats[y]);
@@ -557,7 +595,7 @@ void filterSub(const unsigned char* row, unsigned width, unsigned char* out) {
 // one colour as zeros and a scaled logo's shades small, and which keeps a row like the one above
 // a copy of its line, to be kept once.
 unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* pixels,
-                          unsigned width, unsigned height, const std::vector<bool>& repeats) {
+                          unsigned width, unsigned height, const Repeats& repeats) {
     const size_t rowBytes = 4 * static_cast<size_t>(width);
     bool opaque = true;
     for (unsigned y = 0; y < height && opaque; ++y) {
@@ -586,13 +624,14 @@ unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* 
 
 }  // namespace
 
-std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int width,
-                                    unsigned int height, unsigned int /*bytesPerPixel*/,
-                                    int* error) {
+namespace {
+
+std::vector<unsigned char> encodePng(const unsigned char* pixels, unsigned width, unsigned height,
+                                     const unsigned char* repeatedRows, int* error) {
     std::vector<unsigned char> png;
     unsigned code = kNoInput;
     if (pixels) {
-        const std::vector<bool> repeats = repeatedRows(pixels, width, height);
+        const Repeats repeats = findRepeats(pixels, width, height, repeatedRows);
         Palette palette;
         Scanlines lines(scanlineBytes(width, 1), repeats);
         if (packTwoColours(pixels, width, height, repeats, palette, lines)) {
@@ -615,6 +654,21 @@ std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int wi
         *error = static_cast<int>(code);
     }
     return png;
+}
+
+}  // namespace
+
+std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int width,
+                                    unsigned int height, unsigned int /*bytesPerPixel*/,
+                                    int* error) {
+    return encodePng(pixels, width, height, nullptr, error);
+}
+
+std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int width,
+                                    unsigned int height,
+                                    const std::vector<unsigned char>& repeatedRows, int* error) {
+    return encodePng(pixels, width, height,
+                     repeatedRows.size() == height ? repeatedRows.data() : nullptr, error);
 }
 
 }  // namespace BarcodeVelko

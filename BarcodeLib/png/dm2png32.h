@@ -12,5 +12,10 @@ namespace BarcodeVelko {
 // memory); on an error the vector is empty.
 std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int width,
                                     unsigned int height, unsigned int bytesPerPixel, int* error);
+// The same, with for each row 1 where the caller knows that the row repeats the row above, which
+// then isn't compared; a vector of any other length than height is not used.
+std::vector<unsigned char> DM2PNG32(const unsigned char* pixels, unsigned int width,
+                                    unsigned int height,
+                                    const std::vector<unsigned char>& repeatedRows, int* error);
 
 }  // namespace BarcodeVelko

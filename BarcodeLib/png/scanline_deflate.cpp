@@ -22,8 +22,6 @@ constexpr unsigned kMaxCodeBits = 15;
 constexpr unsigned kLengthSymbols = 19;
 constexpr unsigned kMaxLengthBits = 7;
 constexpr unsigned kAdlerModulus = 65521;
-// Bytes that an Adler-32 sum takes before its 32-bit sums could overflow.
-constexpr std::size_t kAdlerRun = 5552;
 // Tokens of a block: enough for its own code table to pay, few enough to follow the change
 // from a symbol's rows to a logo's.
 constexpr std::size_t kBlockTokens = std::size_t{1} << 16;
@@ -48,35 +46,50 @@ constexpr CodeRange kDistances[] = {{1, 0},     {2, 0},     {3, 0},      {4, 0},
                                     {1025, 9},  {1537, 9},  {2049, 10},  {3073, 10},  {4097, 11},
                                     {6145, 11}, {8193, 12}, {12289, 12}, {16385, 13}, {24577, 13}};
 
-struct LengthTable {
-    unsigned char index[kMaxMatch + 1];
-};
-
-constexpr LengthTable makeLengthTable() {
-    LengthTable table{};
+// The last range whose base is at most value.
+template <std::size_t N>
+constexpr unsigned rangeOf(const CodeRange (&ranges)[N], unsigned value) {
     unsigned index = 0;
-    for (unsigned length = kMinMatch; length <= kMaxMatch; ++length) {
-        while (index + 1 < std::size(kLengths) && kLengths[index + 1].base <= length) {
-            ++index;
-        }
-        table.index[length] = static_cast<unsigned char>(index);
+    while (index + 1 < N && ranges[index + 1].base <= value) {
+        ++index;
     }
-    return table;
+    return index;
 }
 
-constexpr LengthTable kLengthIndex = makeLengthTable();
+constexpr std::size_t kWindow = 32768;
+// Distances above this many go by their bits from the seventh on, which never split a range
+// there.
+constexpr std::size_t kNearDistances = 256;
+constexpr unsigned kFarShift = 7;
 
-// The distance code: two a power of two from 5 on, told apart by the bit below the top one.
-unsigned distanceIndex(unsigned distance) {
-    const unsigned value = distance - 1;
-    if (value < 4) {
-        return value;
+// The ranges of every length and distance looked up at once: a match is made for every few
+// bytes of a picture's new lines.
+struct RangeTables {
+    unsigned char length[kMaxMatch + 1];
+    unsigned char nearDistance[kNearDistances + 1];
+    unsigned char farDistance[(kWindow >> kFarShift) + 1];
+};
+
+constexpr RangeTables makeRangeTables() {
+    RangeTables tables{};
+    for (unsigned length = kMinMatch; length <= kMaxMatch; ++length) {
+        tables.length[length] = static_cast<unsigned char>(rangeOf(kLengths, length));
     }
-    unsigned top = 0;
-    while (value >> (top + 1)) {
-        ++top;
+    for (unsigned distance = 1; distance <= kNearDistances; ++distance) {
+        tables.nearDistance[distance] = static_cast<unsigned char>(rangeOf(kDistances, distance));
     }
-    return 2 * top + ((value >> (top - 1)) & 1u);
+    for (unsigned high = 0; high <= (kWindow >> kFarShift); ++high) {
+        tables.farDistance[high] =
+            static_cast<unsigned char>(rangeOf(kDistances, (high << kFarShift) + 1));
+    }
+    return tables;
+}
+
+constexpr RangeTables kRangeTables = makeRangeTables();
+
+unsigned distanceRange(unsigned distance) {
+    return distance <= kNearDistances ? kRangeTables.nearDistance[distance]
+                                      : kRangeTables.farDistance[(distance - 1) >> kFarShift];
 }
 
 class BitWriter {
@@ -142,7 +155,7 @@ struct HuffmanCode {
     unsigned char lengths[kMaxSymbols] = {};
 
     // The canonical codes of the lengths (RFC 1951, 3.2.2).
-    void assign(unsigned symbols) {
+    constexpr void assign(unsigned symbols) {
         unsigned perLength[kMaxCodeBits + 1] = {};
         for (unsigned i = 0; i < symbols; ++i) {
             ++perLength[lengths[i]];
@@ -170,19 +183,28 @@ struct FixedCodes {
     HuffmanCode literals;
     HuffmanCode distances;
 
-    FixedCodes() {
+    constexpr FixedCodes() {
         for (unsigned value = 0; value < kMaxSymbols; ++value) {
             literals.lengths[value] = value < 144 ? 8 : value < 256 ? 9 : value < 280 ? 7 : 8;
         }
         literals.assign(kMaxSymbols);
-        std::fill(distances.lengths, distances.lengths + kDistanceSymbols, 5);
+        for (unsigned value = 0; value < kDistanceSymbols; ++value) {
+            distances.lengths[value] = 5;
+        }
         distances.assign(kDistanceSymbols);
     }
 };
 
-const FixedCodes& fixedCodes() {
-    static const FixedCodes codes;
-    return codes;
+constexpr FixedCodes kFixedCodes{};
+
+void putMatch(BitWriter& writer, const HuffmanCode& literals, const HuffmanCode& distances,
+              unsigned length, unsigned distance) {
+    const unsigned lengthIndex = kRangeTables.length[length];
+    literals.put(writer, kFirstLengthSymbol + lengthIndex);
+    writer.number(length - kLengths[lengthIndex].base, kLengths[lengthIndex].extraBits);
+    const unsigned index = distanceRange(distance);
+    distances.put(writer, index);
+    writer.number(distance - kDistances[index].base, kDistances[index].extraBits);
 }
 
 // Huffman's code lengths of the counts, at most maxBits: the deepest leaves of a code too deep
@@ -379,8 +401,8 @@ public:
 
     void match(unsigned length, unsigned distance) {
         tokens.push_back(length << 16 | (distance - 1));
-        ++literalCounts[kFirstLengthSymbol + kLengthIndex.index[length]];
-        ++distanceCounts[distanceIndex(distance)];
+        ++literalCounts[kFirstLengthSymbol + kRangeTables.length[length]];
+        ++distanceCounts[distanceRange(distance)];
         if (tokens.size() == kBlockTokens) {
             flush(false);
         }
@@ -401,8 +423,9 @@ public:
 
 private:
     void flush(bool last) {
+        writer.number(last ? 1 : 0, 1);
         literalCounts[kEndOfBlock] = 1;
-        const FixedCodes& fixed = fixedCodes();
+        const FixedCodes& fixed = kFixedCodes;
         std::size_t fixedBits = 0;
         for (unsigned i = 0; i < kLiteralSymbols; ++i) {
             fixedBits += static_cast<std::size_t>(literalCounts[i]) * fixed.literals.lengths[i];
@@ -418,7 +441,6 @@ private:
         for (unsigned i = 0; i < kDistanceSymbols; ++i) {
             ownBits += static_cast<std::size_t>(distanceCounts[i]) * header.distances.lengths[i];
         }
-        writer.number(last ? 1 : 0, 1);
         if (ownBits < fixedBits) {
             writer.number(2, 2);
             header.write(writer);
@@ -427,6 +449,10 @@ private:
             writer.number(1, 2);
             writeTokens(fixed.literals, fixed.distances);
         }
+        clear();
+    }
+
+    void clear() {
         tokens.clear();
         std::fill(std::begin(literalCounts), std::end(literalCounts), 0);
         std::fill(std::begin(distanceCounts), std::end(distanceCounts), 0);
@@ -439,13 +465,7 @@ private:
                 literals.put(writer, token);
                 continue;
             }
-            const unsigned lengthIndex = kLengthIndex.index[length];
-            literals.put(writer, kFirstLengthSymbol + lengthIndex);
-            writer.number(length - kLengths[lengthIndex].base, kLengths[lengthIndex].extraBits);
-            const unsigned distance = (token & 0xFFFF) + 1;
-            const unsigned index = distanceIndex(distance);
-            distances.put(writer, index);
-            writer.number(distance - kDistances[index].base, kDistances[index].extraBits);
+            putMatch(writer, literals, distances, length, (token & 0xFFFF) + 1);
         }
         literals.put(writer, kEndOfBlock);
     }
@@ -646,7 +666,7 @@ bool findStreamEnd(const unsigned char* raw, std::size_t size, StreamEnd& found)
             }
             in.skip(8 * static_cast<std::size_t>(length));
         } else if (type == 1) {
-            const FixedCodes& fixed = fixedCodes();
+            const FixedCodes& fixed = kFixedCodes;
             if (!skipSymbols(in, HuffmanReader(fixed.literals.lengths, kMaxSymbols),
                              HuffmanReader(fixed.distances.lengths, kDistanceSymbols))) {
                 return false;
@@ -752,41 +772,77 @@ void copyBytes(BlockWriter& blocks, std::size_t bytes, std::size_t distance,
     }
 }
 
-// Adler-32 of lines that come several times: a line's own sums, once, say what each copy adds.
+// Adler-32 of the bytes, going on from the sum of those before them.
+std::uint32_t adler32(std::uint32_t start, const unsigned char* data, std::size_t size) {
+#ifdef VELKO_HAVE_LIBDEFLATE
+    // Vectorised there, whatever this file's compiler flags.
+    return libdeflate_adler32(start, data, size);
+#else
+    // Bytes that the 32-bit sums take before they could overflow.
+    constexpr std::size_t kAdlerRun = 5552;
+    constexpr std::size_t kAdlerBlock = 32;
+    std::uint32_t low = start & 0xFFFF;
+    std::uint32_t high = start >> 16;
+    while (size > 0) {
+        const std::size_t run = std::min(size, kAdlerRun);
+        std::size_t i = 0;
+        // A block's sums don't wait on each other byte by byte, which the compiler spreads over
+        // vector lanes.
+        for (; i + kAdlerBlock <= run; i += kAdlerBlock) {
+            std::uint32_t sum = 0;
+            std::uint32_t weighted = 0;
+            for (std::size_t k = 0; k < kAdlerBlock; ++k) {
+                sum += data[i + k];
+                weighted += static_cast<std::uint32_t>(kAdlerBlock - k) * data[i + k];
+            }
+            high += static_cast<std::uint32_t>(kAdlerBlock) * low + weighted;
+            low += sum;
+        }
+        for (; i < run; ++i) {
+            low += data[i];
+            high += low;
+        }
+        low %= kAdlerModulus;
+        high %= kAdlerModulus;
+        data += run;
+        size -= run;
+    }
+    return (high << 16) | low;
+#endif
+}
+
+// Adler-32 of lines that come several times: a line's own sums, once, say what all its copies
+// add, in a few multiplications however many they are.
 class Adler {
 public:
     void add(const unsigned char* line, std::size_t size, std::size_t times) {
-        std::uint64_t sum = 0;
-        std::uint64_t weighted = 0;
-#ifdef VELKO_HAVE_LIBDEFLATE
-        const std::uint32_t alone = libdeflate_adler32(1, line, size);
-        sum = ((alone & 0xFFFF) + kAdlerModulus - 1) % kAdlerModulus;
-        weighted = ((alone >> 16) + kAdlerModulus - size % kAdlerModulus) % kAdlerModulus;
-#else
-        for (std::size_t done = 0; done < size;) {
-            const std::size_t run = std::min(size - done, kAdlerRun);
-            for (std::size_t i = 0; i < run; ++i) {
-                sum += line[done + i];
-                weighted += sum;
-            }
-            sum %= kAdlerModulus;
-            weighted %= kAdlerModulus;
-            done += run;
+        if (times == 1) {
+            sum = adler32(sum, line, size);
+            return;
         }
-#endif
-        for (; times > 0; --times) {
-            high = (high + size % kAdlerModulus * low + weighted) % kAdlerModulus;
-            low = (low + sum) % kAdlerModulus;
-        }
+        const std::uint32_t alone = adler32(1, line, size);
+        const std::uint64_t bytes = size % kAdlerModulus;
+        const std::uint64_t own = ((alone & 0xFFFF) + kAdlerModulus - 1) % kAdlerModulus;
+        const std::uint64_t weighted = ((alone >> 16) + kAdlerModulus - bytes) % kAdlerModulus;
+        std::uint64_t low = sum & 0xFFFF;
+        std::uint64_t high = sum >> 16;
+        // Copy k starts with low grown by k times the line's own sum: the copies add the
+        // triangle number of times - 1 of those.
+        const std::uint64_t copies = times % kAdlerModulus;
+        const std::uint64_t triangle =
+            times % 2 == 0 ? times / 2 % kAdlerModulus * ((times - 1) % kAdlerModulus)
+                           : times % kAdlerModulus * ((times - 1) / 2 % kAdlerModulus);
+        high = (high + copies * (bytes * low % kAdlerModulus) +
+                triangle % kAdlerModulus * (bytes * own % kAdlerModulus) + copies * weighted) %
+               kAdlerModulus;
+        low = (low + copies * own) % kAdlerModulus;
+        sum = static_cast<std::uint32_t>(high << 16 | low);
     }
 
-    unsigned value() const {
-        return static_cast<unsigned>(high << 16 | low);
-    }
+    unsigned value() const { return sum; }
 
 private:
-    std::uint64_t low = 1;
-    std::uint64_t high = 0;
+    std::uint32_t sum = 1;
 };
 
 }  // namespace

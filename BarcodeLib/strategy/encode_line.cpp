@@ -89,4 +89,27 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
     }
 }
 
+void encode_runs(const LeafRun* runs, std::size_t count, AbstractBarcodeComposite* target) {
+    if (target == nullptr || (runs == nullptr && count > 0)) {
+        throw BarcodeException::Unexpected();
+    }
+    if (count == 0) {
+        return;
+    }
+    if (!target->makeRoomFor(count)) {
+        throw BarcodeException::OutOfMemory();
+    }
+    const std::unique_ptr<LeafBlock, LeafBlock::Releaser> block(heldBlock(*target, count));
+    for (const LeafRun* run = runs; run < runs + count; ++run) {
+        SmartPtr<AbstractBarcodeRect> leaf;
+        if (run->dark) {
+            leaf = block->emplace<BarcodeBar>(run->width, run->height, false, run->last);
+        } else {
+            leaf = block->emplace<BarcodeSpace>(run->width, run->height, false, run->last);
+        }
+        target->add(leaf.get());
+        leaf.release();
+    }
+}
+
 }  // namespace BarcodeVelko

@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstdlib>
 
+#include "BarcodeLib/tree/row_tracking_device.h"
 #include "layer/fonts/p_font_draw_helper.h"
 #include "layer/fonts/p_font_info.h"
 #include "layer/foundation/p_error.h"
@@ -44,7 +45,7 @@ struct BarcodeCanvasMemoryImplPrivate {
                                    PByteArray* spare)
         : image(canvasPicture(width, height, PColor(background, PColor::kNative), spare)),
           backgroundColor(background, PColor::kNative),
-          baseDevice(std::make_unique<PAbstractPaintDeviceWrapper>(&image)),
+          baseDevice(std::make_unique<RowTrackingDevice>(&image)),
           currentDevice(baseDevice.get()) {}
 
     // First, so that the devices, which point into it, go before it.
@@ -55,10 +56,12 @@ struct BarcodeCanvasMemoryImplPrivate {
     PColor barColor{0xFF000000, PColor::kNative};
     PColor backgroundColor;
     int rotation = 0;
-    // While a band is drawn: its height, and the top of its first line.
+    // While a band is drawn: its height, the top of its first line, and whether its rows were
+    // untouched before.
     unsigned bandHeight = 0;
     unsigned bandTop = 0;
-    std::unique_ptr<PAbstractPaintDeviceWrapper> baseDevice;
+    bool bandOnUntouchedRows = false;
+    std::unique_ptr<RowTrackingDevice> baseDevice;
     // The base device, or the alias below.
     PAbstractPaintDeviceWrapper* currentDevice;
     std::unique_ptr<PPaintDeviceAlias> rotatedDevice;
@@ -144,7 +147,15 @@ bool BarcodeCanvasMemoryImpl::beginBandImp(unsigned height) {
     }
     d->bandHeight = height;
     d->bandTop = d->y;
+    const unsigned lines =
+        d->y < d->image.height() ? std::min(height, d->image.height() - d->y) : 0;
+    d->bandOnUntouchedRows = lines > 0 && d->baseDevice->untouched(pictureTop(d->y, lines), lines);
     return true;
+}
+
+// The top picture row of lines rows of the canvas from top on, as the rotation turns them.
+unsigned BarcodeCanvasMemoryImpl::pictureTop(unsigned top, unsigned lines) const {
+    return d->rotation == 180 ? d->image.height() - top - lines : top;
 }
 
 void BarcodeCanvasMemoryImpl::endBandImp(unsigned width) {
@@ -164,6 +175,9 @@ void BarcodeCanvasMemoryImpl::endBandImp(unsigned width) {
         device->copyRect(static_cast<int>(left), static_cast<int>(top), span, copied,
                          static_cast<int>(left), static_cast<int>(top + done));
         done += copied;
+    }
+    if (d->bandOnUntouchedRows) {
+        d->baseDevice->markBand(pictureTop(top, lines), lines);
     }
 }
 
@@ -201,6 +215,7 @@ void BarcodeCanvasMemoryImpl::setTextColorImp(unsigned color) {
 
 void BarcodeCanvasMemoryImpl::fillCanvasImp(unsigned color, bool) {
     d->image.fill(color);
+    d->baseDevice->filled();
 }
 
 unsigned BarcodeCanvasMemoryImpl::getFontHeight() {
@@ -278,6 +293,14 @@ void BarcodeCanvasMemoryImpl::setFontSize(unsigned size) {
 PImage BarcodeCanvasMemoryImpl::getImage() const {
     PAbstractPaintDevice* device = d->currentDevice->device();
     return PImage(device->width(), device->height(), d->image.data());
+}
+
+std::vector<unsigned char> BarcodeCanvasMemoryImpl::repeatedRows() const {
+    // A turned picture is drawn on its pixels directly, which the base device doesn't see.
+    if (isTurned(static_cast<unsigned>(d->rotation))) {
+        return {};
+    }
+    return d->baseDevice->repeatedRows();
 }
 
 PImage BarcodeCanvasMemoryImpl::getRotatedImage(int) const {

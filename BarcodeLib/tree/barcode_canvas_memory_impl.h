@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "BarcodeLib/tree/abstract_barcode_canvas_imp.h"
 #include "layer/foundation/p_byte_array.h"
@@ -61,12 +62,17 @@ public:
 
     // The picture as it stands, in its final orientation; it shares the pixels.
     PImage getImage() const;
+    // For each row of the picture, 1 when it is known to repeat the row above (see
+    // RowTrackingDevice); empty when nothing is known.
+    std::vector<unsigned char> repeatedRows() const;
     // Always empty: getImage already gives the rotated picture.
     PImage getRotatedImage(int rotation) const;
     PByteArray data() const;
     PError lastError() const;
 
 private:
+    unsigned pictureTop(unsigned top, unsigned lines) const;
+
     std::unique_ptr<BarcodeCanvasMemoryImplPrivate> d;
 };
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <map>
-#include <set>
+#include <optional>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -52,7 +52,7 @@ struct PlacedGlyph {
     const PGlyph* glyph;
     int x;
     // The part of a glyph larger than the device, when that is what is drawn.
-    PGlyph part;
+    std::optional<PGlyph> part;
 };
 
 }  // namespace
@@ -114,16 +114,15 @@ PGlyph PFontDrawHelperPrivate::blankGlyph(const PTextOptions& options) const {
 
 template <class T>
 void PFontDrawHelperPrivate::cacheGlyphs(const std::basic_string<T>& text) {
-    std::set<unsigned int> distinct;
-    for (T c : text) {
-        distinct.insert(static_cast<unsigned int>(static_cast<std::make_unsigned_t<T>>(c)));
-    }
     std::vector<unsigned int> missing;
-    for (unsigned int code : distinct) {
+    for (T c : text) {
+        const auto code = static_cast<unsigned int>(static_cast<std::make_unsigned_t<T>>(c));
         if (glyphs.count(code) == 0) {
             missing.push_back(code);
         }
     }
+    std::sort(missing.begin(), missing.end());
+    missing.erase(std::unique(missing.begin(), missing.end()), missing.end());
     // Loaded before the dull glyph is asked for: a blank of a TrueType font settles the dull
     // glyph's metrics first.
     std::map<unsigned int, PGlyph> loaded;
@@ -184,7 +183,14 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
         return;
     }
     cacheGlyphs(text);
-    const PGlyph blank = blankGlyph(options);
+    // Made only for a line that shows one.
+    std::optional<PGlyph> blank;
+    const auto blankShown = [&]() -> const PGlyph& {
+        if (!blank) {
+            blank = blankGlyph(options);
+        }
+        return *blank;
+    };
     std::vector<std::pair<unsigned int, const PGlyph*>> line;
     line.reserve(text.size());
     long long total = 0;
@@ -193,7 +199,7 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
         const unsigned int code =
             static_cast<unsigned int>(static_cast<std::make_unsigned_t<T>>(c));
         const PGlyph& glyph = glyphs[code];
-        const PGlyph* shown = glyph.isDull() ? &blank : &glyph;
+        const PGlyph* shown = glyph.isDull() ? &blankShown() : &glyph;
         line.emplace_back(code, shown);
         total += shown->metrics.horiAdvance;
         lineHeight =
@@ -220,7 +226,7 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
         if (static_cast<unsigned int>(px) > rightLimit) {
             break;
         }
-        placed.push_back(PlacedGlyph{code, glyph, px, PGlyph()});
+        placed.push_back(PlacedGlyph{code, glyph, px, std::nullopt});
         px += glyph->metrics.horiAdvance + static_cast<int>(extra);
     }
     makeImages(placed, y);
@@ -229,7 +235,9 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
     painter.setPen(PColor(pen, PColor::kNative));
     for (const PlacedGlyph& p : placed) {
         // A glyph that turned dull when its image was made keeps the place laid out for it.
-        const PGlyph& glyph = p.glyph->pending ? p.part : p.glyph->isDull() ? blank : *p.glyph;
+        const PGlyph& glyph = p.glyph->pending    ? *p.part
+                              : p.glyph->isDull() ? blankShown()
+                                                  : *p.glyph;
         const PGlyphMetrics& m = glyph.metrics;
         painter.drawImage(p.x + m.horiBearingX, y + m.ascender - m.horiBearingY,
                           static_cast<int>(glyph.width()), static_cast<int>(glyph.height()), glyph,
