@@ -25,6 +25,12 @@ constexpr unsigned kAdlerModulus = 65521;
 // Tokens of a block: enough for its own code table to pay, few enough to follow the change
 // from a symbol's rows to a logo's.
 constexpr std::size_t kBlockTokens = std::size_t{1} << 16;
+// Tokens below which a block's own codes can't make up for their header, some 40 to 80 bytes,
+// with the few bits they save a token.
+constexpr std::size_t kMinOwnCodeTokens = 512;
+// The most tokens of a stream, counted high, that goes as one block of fixed codes, unpriced:
+// most of a small picture's bytes come in matches.
+constexpr std::size_t kFixedOnlyTokens = 4096;
 // The fewest bytes of a band worth a general deflate.
 constexpr std::size_t kMinBandBytes = 16 * 1024;
 constexpr unsigned char kFilterUp = 2;
@@ -386,12 +392,24 @@ struct DynamicHeader {
 };
 
 // Matches and literals gathered a block at a time, then written in the shorter of the fixed
-// codes and the block's own.
+// codes and the block's own. A stream too short for its own codes to pay, as a small picture's
+// is, goes out as it comes in one block of fixed codes: gathering and pricing it would cost
+// more than the rest of the picture.
 class BlockWriter {
 public:
-    explicit BlockWriter(std::vector<unsigned char>& out) : writer(out) {}
+    BlockWriter(std::vector<unsigned char>& out, bool fixedOnly)
+        : writer(out), fixedOnly(fixedOnly) {
+        if (fixedOnly) {
+            writer.number(1, 1);  // the last block
+            writer.number(1, 2);  // of fixed codes
+        }
+    }
 
     void literal(unsigned char byte) {
+        if (fixedOnly) {
+            kFixedCodes.literals.put(writer, byte);
+            return;
+        }
         tokens.push_back(byte);
         ++literalCounts[byte];
         if (tokens.size() == kBlockTokens) {
@@ -400,6 +418,10 @@ public:
     }
 
     void match(unsigned length, unsigned distance) {
+        if (fixedOnly) {
+            putMatch(writer, kFixedCodes.literals, kFixedCodes.distances, length, distance);
+            return;
+        }
         tokens.push_back(length << 16 | (distance - 1));
         ++literalCounts[kFirstLengthSymbol + kRangeTables.length[length]];
         ++distanceCounts[distanceRange(distance)];
@@ -409,7 +431,11 @@ public:
     }
 
     void finish() {
-        flush(true);
+        if (fixedOnly) {
+            kFixedCodes.literals.put(writer, kEndOfBlock);
+        } else {
+            flush(true);
+        }
         writer.flush();
     }
 
@@ -424,6 +450,12 @@ public:
 private:
     void flush(bool last) {
         writer.number(last ? 1 : 0, 1);
+        if (tokens.size() < kMinOwnCodeTokens) {
+            writer.number(1, 2);
+            writeTokens(kFixedCodes.literals, kFixedCodes.distances);
+            clear();
+            return;
+        }
         literalCounts[kEndOfBlock] = 1;
         const FixedCodes& fixed = kFixedCodes;
         std::size_t fixedBits = 0;
@@ -471,6 +503,7 @@ private:
     }
 
     BitWriter writer;
+    const bool fixedOnly;
     std::vector<std::uint32_t> tokens;
     unsigned literalCounts[kLiteralSymbols] = {};
     unsigned distanceCounts[kDistanceSymbols] = {};
@@ -729,13 +762,14 @@ std::size_t common(const unsigned char* a, const unsigned char* b, std::size_t l
 // before, as far as that goes, else written as it is.
 void encodeLine(BlockWriter& blocks, const unsigned char* line, const unsigned char* above,
                 std::size_t lineBytes, std::size_t pixelBytes) {
-    const std::size_t distances[2] = {pixelBytes, 1};
+    // A byte's pixel is the byte before it at one byte a pixel.
+    const std::size_t distances[2] = {pixelBytes, std::size_t{pixelBytes == 1 ? 0u : 1u}};
     for (std::size_t at = 0; at < lineBytes;) {
         const std::size_t limit = std::min(kMaxMatch, lineBytes - at);
         std::size_t best = above ? common(line + at, above + at, limit) : 0;
         std::size_t distance = lineBytes;
         for (const std::size_t back : distances) {
-            if (best < limit && at >= back) {
+            if (best < limit && back != 0 && at >= back) {
                 const std::size_t length = common(line + at, line + at - back, limit);
                 if (length > best) {
                     best = length;
@@ -862,7 +896,15 @@ std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines,
     // zlib: deflate with a 32 KB window, no dictionary, the check bits of that.
     out.push_back(0x78);
     out.push_back(0x01);
-    BlockWriter blocks(out);
+    // The most tokens the stream can take: a literal for every byte of a line of its own and
+    // the matches of the lines that repeat.
+    std::size_t mostTokens = rows.size() * lineBytes;
+    for (const std::size_t times : rows) {
+        mostTokens +=
+            (times - 1) * (upRepeats ? 5 + lineBytes / kMaxMatch : 3 + lineBytes / kMaxMatch);
+    }
+    const bool fixedOnly = mostTokens < kFixedOnlyTokens;
+    BlockWriter blocks(out, fixedOnly);
     Adler adler;
     std::vector<unsigned char> upLine(upRepeats ? lineBytes : 0);
     if (upRepeats) {
@@ -874,7 +916,7 @@ std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines,
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const unsigned char* line = lines + i * lineBytes;
         bool banded = false;
-        if (band && i >= unbanded) {
+        if (band && !fixedOnly && i >= unbanded) {
             // Lines that each come once, up to one that may repeat, follow one another here as
             // in the stream.
             std::size_t last = i;
