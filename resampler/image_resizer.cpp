@@ -9,6 +9,10 @@ namespace avir {
 
 namespace {
 
+// The longest target lengths whose chains are kept, and how many: a few small ones.
+constexpr int kKeptLength = 1024;
+constexpr size_t kKeptChains = 4;
+
 // The column pass works on strips of the target this many pixels wide.
 constexpr int kStripPixels = 256;
 // Output rows of the column pass go to bytes this many at a time.
@@ -167,9 +171,30 @@ CImageResizer::CImageResizer(const CImageResizerParams& params)
     : designParams(params),
       bank(kBitDepth, params.IntFltLen * 0.5, params.IntFltCutoff, params.IntFltAlpha) {}
 
+std::shared_ptr<const LineChain> CImageResizer::chain(int srcLength, int dstLength) const {
+    const std::pair<int, int> lengths(srcLength, dstLength);
+    if (dstLength > kKeptLength) {
+        return std::make_shared<const LineChain>(
+            buildFilterSteps(srcLength, dstLength, designParams, bank));
+    }
+    const std::lock_guard<std::mutex> lock(keptMutex);
+    for (const auto& [key, found] : kept) {
+        if (key == lengths) {
+            return found;
+        }
+    }
+    auto made = std::make_shared<const LineChain>(
+        buildFilterSteps(srcLength, dstLength, designParams, bank));
+    if (kept.size() == kKeptChains) {
+        kept.erase(kept.begin());
+    }
+    kept.emplace_back(lengths, made);
+    return made;
+}
+
 void CImageResizer::resizeImage(const unsigned char* src, int srcWidth, int srcHeight,
                                 int srcScanlineSize, unsigned char* dst, int newWidth,
-                                int newHeight, int elCount) const {
+                                int newHeight, int elCount, int dstScanlineSize) const {
     if (!src || !dst || srcWidth <= 0 || srcHeight <= 0 || newWidth <= 0 || newHeight <= 0 ||
         elCount <= 0) {
         return;
@@ -177,19 +202,20 @@ void CImageResizer::resizeImage(const unsigned char* src, int srcWidth, int srcH
     const size_t pixel = static_cast<size_t>(elCount);
     const size_t srcPitch = srcScanlineSize > 0 ? static_cast<size_t>(srcScanlineSize)
                                                 : static_cast<size_t>(srcWidth) * pixel;
-    const LineChain across = buildFilterSteps(srcWidth, newWidth, designParams, bank);
-    const LineChain down = buildFilterSteps(srcHeight, newHeight, designParams, bank);
+    const std::shared_ptr<const LineChain> across = chain(srcWidth, newWidth);
+    const std::shared_ptr<const LineChain> down = chain(srcHeight, newHeight);
 
     // Strips of columns, one after the other, so that the float buffers of the column pass stay
     // small however large the target: each strip's rows go straight into the first buffer of
     // its column pass, whose samples are whole rows of the strip.
-    const size_t dstPitch = static_cast<size_t>(newWidth) * pixel;
+    const size_t dstPitch = dstScanlineSize > 0 ? static_cast<size_t>(dstScanlineSize)
+                                                : static_cast<size_t>(newWidth) * pixel;
     for (int left = 0; left < newWidth; left += kStripPixels) {
         const int right = std::min(newWidth, left + kStripPixels);
         const size_t rowElements = static_cast<size_t>(right - left) * pixel;
-        ChainRun columns(down, rowElements, 0, newHeight);
+        ChainRun columns(*down, rowElements, 0, newHeight);
         {
-            ChainRun row(across, pixel, left, right);
+            ChainRun row(*across, pixel, left, right);
             for (int y = 0; y < srcHeight; ++y) {
                 const unsigned char* bytes = src + y * srcPitch;
                 std::copy(bytes, bytes + srcWidth * pixel, row.source().sample(0));

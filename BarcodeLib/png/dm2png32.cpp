@@ -4,12 +4,14 @@
 
 #include <lodepng.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <mutex>
 #include <new>
+#include <numeric>
 
 #ifdef VELKO_HAVE_LIBDEFLATE
 #include <libdeflate.h>
@@ -30,8 +32,10 @@ constexpr unsigned kMaxPaletteSize = 256;
 // Scanline bytes from which a picture is large: it may go to the general deflate (see writePng),
 // and a white-first one keeps the palette (see encodeGrey).
 constexpr size_t kLargeScanlines = 32 * 1024;
-// PNG colour type of a palette picture.
+// PNG colour types.
+constexpr unsigned char kTrueColour = 2;
 constexpr unsigned char kIndexedColour = 3;
+constexpr unsigned char kTrueColourWithAlpha = 6;
 
 // The colours of a picture, in order of appearance, as long as there are few enough for a
 // palette.
@@ -61,20 +65,70 @@ size_t scanlineBytes(unsigned width, unsigned depth) {
     return 1 + (static_cast<size_t>(width) * depth + 7) / 8;
 }
 
-bool sameRow(const unsigned char* row, unsigned width, unsigned y) {
+// 1 for each row that repeats the row above, as most rows of a barcode do: found once, they
+// then cost no more than a count.
+using Repeats = std::vector<unsigned char>;
+
+// The rows that the canvas already knows to repeat (hints, may be null) aren't compared.
+Repeats findRepeats(const unsigned char* pixels, unsigned width, unsigned height,
+                    const unsigned char* hints) {
     const size_t bytes = 4 * static_cast<size_t>(width);
-    return y > 0 && std::memcmp(row, row - bytes, bytes) == 0;
+    Repeats repeats(height, 0);
+    for (unsigned y = 1; y < height; ++y) {
+        const unsigned char* row = pixels + bytes * y;
+        repeats[y] = (hints && hints[y]) || std::memcmp(row, row - bytes, bytes) == 0;
+    }
+    return repeats;
 }
 
-// A row like the one above gets a copy of the scanline above; true when it did.
-bool copiedFromAbove(const unsigned char* row, unsigned width, unsigned y, unsigned char* out,
-                     size_t lineBytes) {
-    if (!sameRow(row, width, y)) {
-        return false;
+// PNG scanlines with each run of equal lines kept once.
+class Scanlines {
+public:
+    Scanlines(size_t lineBytes, const Repeats& repeats) : lineBytes(lineBytes) {
+        const size_t distinct =
+            static_cast<size_t>(std::count(repeats.begin(), repeats.end(), false));
+        bytes.reserve(distinct * lineBytes);
+        rows.reserve(distinct);
     }
-    std::memcpy(out, out - lineBytes, lineBytes);
-    return true;
-}
+
+    // A new zeroed line to fill, or nullptr for a row that repeats the one above.
+    unsigned char* next(bool repeated) {
+        if (repeated && !rows.empty()) {
+            ++rows.back();
+            return nullptr;
+        }
+        rows.push_back(1);
+        bytes.resize(bytes.size() + lineBytes);
+        return &bytes[bytes.size() - lineBytes];
+    }
+
+    // The line of row y, which must be in the picture.
+    const unsigned char* lineOfRow(size_t y) const {
+        size_t line = 0;
+        for (size_t covered = rows[0]; covered <= y;) {
+            covered += rows[++line];
+        }
+        return &bytes[line * lineBytes];
+    }
+
+    // Every line, as a general deflate takes them.
+    std::vector<unsigned char> expanded() const {
+        std::vector<unsigned char> all;
+        all.reserve(lineBytes * std::accumulate(rows.begin(), rows.end(), size_t{0}));
+        for (size_t i = 0; i < rows.size(); ++i) {
+            for (size_t n = 0; n < rows[i]; ++n) {
+                all.insert(all.end(), bytes.begin() + i * lineBytes,
+                           bytes.begin() + (i + 1) * lineBytes);
+            }
+        }
+        return all;
+    }
+
+    const size_t lineBytes;
+    // The distinct lines, back to back, and how many rows each stands for.
+    std::vector<unsigned char> bytes;
+    std::vector<size_t> rows;
+};
 
 // A mask of eight pixels, the first pixel in bit 0, as a byte whose high bit is the first pixel.
 constexpr std::array<unsigned char, 256> makeReversedBytes() {
@@ -123,12 +177,9 @@ bool packByte(const unsigned char* pixels, const unsigned (&colours)[2], unsigne
 }
 
 // The usual picture, of one or two colours, in one pass: the palette in order of appearance and
-// the scanlines at one bit a pixel, as scanlines makes them. False at a third colour.
+// the scanlines at one bit a pixel, as packIndices makes them. False at a third colour.
 bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height,
-                    const unsigned char* repeatedRows, Palette& palette,
-                    std::vector<unsigned char>& lines) {
-    const size_t lineBytes = scanlineBytes(width, 1);
-    lines.assign(lineBytes * height, 0);
+                    const Repeats& repeats, Palette& palette, Scanlines& lines) {
     unsigned colours[2] = {0, 0};
     unsigned count = 0;
     if (width > 0 && height > 0) {
@@ -137,12 +188,8 @@ bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height
     }
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
-        unsigned char* out = &lines[lineBytes * y];
-        if (y > 0 && repeatedRows && repeatedRows[y]) {
-            std::memcpy(out, out - lineBytes, lineBytes);
-            continue;
-        }
-        if (copiedFromAbove(row, width, y, out, lineBytes)) {
+        unsigned char* out = lines.next(repeats[y]);
+        if (!out) {
             continue;
         }
         unsigned char* packed = out + 1;
@@ -185,54 +232,50 @@ bool packTwoColours(const unsigned char* pixels, unsigned width, unsigned height
     return true;
 }
 
-// The palette of the picture; false when it has more colours than a palette holds. A row like
-// the one above it, as most rows of a barcode are, brings no new colour; within a row only a
-// change of colour is looked up.
-bool findPalette(const unsigned char* pixels, unsigned width, unsigned height, Palette& palette) {
+// The picture as 8-bit indices into its palette, the colours in order of appearance; false when
+// it has more colours than a palette holds. Within a row only a change of colour is looked up.
+bool indexColours(const unsigned char* pixels, unsigned width, unsigned height,
+                  const Repeats& repeats, Palette& palette, Scanlines& indices) {
     for (unsigned y = 0; y < height; ++y) {
         const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
-        if (sameRow(row, width, y)) {
+        unsigned char* out = indices.next(repeats[y]);
+        if (!out) {
             continue;
         }
         unsigned previous = 0;
+        int index = 0;
         for (unsigned x = 0; x < width; ++x) {
             unsigned color;
             std::memcpy(&color, row + 4 * x, 4);
-            if ((x == 0 || color != previous) && palette.indexOf(color) < 0) {
-                return false;
+            if (x == 0 || color != previous) {
+                index = palette.indexOf(color);
+                if (index < 0) {
+                    return false;
+                }
+                previous = color;
             }
-            previous = color;
+            out[1 + x] = static_cast<unsigned char>(index);
         }
     }
     return true;
 }
 
-// The PNG scanlines of the indices: each row a filter byte (none) and its indices, bitDepth
-// bits each from the high bit, padded to a whole byte. A row like the one above is a copy.
-std::vector<unsigned char> scanlines(const unsigned char* pixels, unsigned width, unsigned height,
-                                     Palette& palette) {
-    const unsigned depth = palette.bitDepth();
-    const size_t lineBytes = scanlineBytes(width, depth);
-    std::vector<unsigned char> lines(lineBytes * height);
-    for (unsigned y = 0; y < height; ++y) {
-        const unsigned char* row = pixels + 4 * static_cast<size_t>(width) * y;
-        unsigned char* out = &lines[lineBytes * y];
-        if (copiedFromAbove(row, width, y, out, lineBytes)) {
-            continue;
-        }
-        *out++ = 0;
+// The PNG scanlines of 8-bit indices at a lower depth: depth bits each from the high bit, each
+// line padded to a whole byte.
+Scanlines packIndices(Scanlines indices, unsigned width, unsigned depth) {
+    if (depth == 8) {
+        return indices;
+    }
+    Scanlines lines(scanlineBytes(width, depth), {});
+    lines.rows = indices.rows;
+    lines.bytes.assign(lines.rows.size() * lines.lineBytes, 0);
+    for (size_t i = 0; i < lines.rows.size(); ++i) {
+        const unsigned char* index = &indices.bytes[i * indices.lineBytes + 1];
+        unsigned char* out = &lines.bytes[i * lines.lineBytes + 1];
         unsigned accumulated = 0;
         unsigned bits = 0;
-        unsigned previous = 0;
-        unsigned index = 0;
         for (unsigned x = 0; x < width; ++x) {
-            unsigned color;
-            std::memcpy(&color, row + 4 * x, 4);
-            if (x == 0 || color != previous) {
-                index = static_cast<unsigned>(palette.indexOf(color));
-                previous = color;
-            }
-            accumulated = (accumulated << depth) | index;
+            accumulated = (accumulated << depth) | index[x];
             bits += depth;
             if (bits == 8) {
                 *out++ = static_cast<unsigned char>(accumulated);
@@ -316,7 +359,9 @@ unsigned chunkCrc(const unsigned char* bytes, size_t size) {
     return libdeflate_crc32(0, bytes, size);
 }
 
-unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
+// The bytes deflated, in a zlib stream or as raw blocks.
+unsigned deflateBytes(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize,
+                      bool zlib) {
     const PooledCompressor pooled;
     libdeflate_compressor* deflater = pooled.get();
     if (!deflater) {
@@ -324,23 +369,40 @@ unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, 
     }
     // Room for the worst case, left as it comes: a large picture deflates to a small fraction
     // of it, and zeroing it all cost as much as the deflate.
-    const size_t bound = libdeflate_zlib_compress_bound(deflater, inSize);
+    const size_t bound = zlib ? libdeflate_zlib_compress_bound(deflater, inSize)
+                              : libdeflate_deflate_compress_bound(deflater, inSize);
     const std::unique_ptr<unsigned char[]> buffer(new (std::nothrow) unsigned char[bound]);
     if (!buffer) {
         return kOutOfMemory;
     }
-    const size_t written = libdeflate_zlib_compress(deflater, in, inSize, buffer.get(), bound);
+    const size_t written =
+        zlib ? libdeflate_zlib_compress(deflater, in, inSize, buffer.get(), bound)
+             : libdeflate_deflate_compress(deflater, in, inSize, buffer.get(), bound);
     if (written == 0) {
         return kCompressionFailed;
     }
     out.assign(buffer.get(), buffer.get() + written);
     return 0;
 }
+
+unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
+    return deflateBytes(out, in, inSize, true);
+}
+
+// A true-colour picture's band of lines of their own, a logo's, to the general deflate, which
+// makes it a third to a fifth the size that copies from the line or pixel before would.
+const ScanlineDeflate::BandDeflate kBandDeflate = [](const unsigned char* in, size_t size,
+                                                     std::vector<unsigned char>& out) {
+    return deflateBytes(out, in, size, false) == 0;
+};
 #else
 // Without libdeflate (so on Android unless it is built for it) LodePNG deflates.
 unsigned chunkCrc(const unsigned char* bytes, size_t size) {
     return lodepng_crc32(bytes, size);
 }
+
+// Without it the general deflate takes a true-colour picture whole.
+const ScanlineDeflate::BandDeflate kBandDeflate;
 
 unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, size_t inSize) {
     unsigned char* buffer = nullptr;
@@ -355,17 +417,6 @@ unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, 
 }
 #endif
 
-// The bytes of the scanlines that don't repeat the line above.
-size_t newLineBytes(const unsigned char* lines, size_t size, size_t lineBytes) {
-    size_t bytes = lineBytes;
-    for (size_t at = lineBytes; at + lineBytes <= size; at += lineBytes) {
-        if (std::memcmp(&lines[at], &lines[at - lineBytes], lineBytes) != 0) {
-            bytes += lineBytes;
-        }
-    }
-    return bytes;
-}
-
 void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned char* data,
               size_t length) {
     putBigEndian(png, static_cast<unsigned>(length));
@@ -377,21 +428,31 @@ void putChunk(std::vector<unsigned char>& png, const char* type, const unsigned 
 
 // The PNG around the scanlines: IHDR of the bit depth and colour type, PLTE and tRNS where
 // given, the deflated scanlines, IEND.
-unsigned writePng(std::vector<unsigned char>& png, const unsigned char* lines, size_t linesSize,
-                  unsigned width, unsigned height, unsigned depth, unsigned char colourType,
+unsigned writePng(std::vector<unsigned char>& png, const Scanlines& lines, unsigned width,
+                  unsigned height, unsigned depth, unsigned char colourType,
                   const std::vector<unsigned char>& colours,
                   const std::vector<unsigned char>& transparency) {
     // A general deflate only pays for its tables on a large picture with many lines of their
     // own, and not on 8-bit indices, a logo's picture: its lines of a few runs go smaller and
-    // three times faster in one pass.
+    // three times faster in one pass. True colour takes it for a logo's band alone.
     std::vector<unsigned char> compressed;
-    // Every scanline has the same length, whatever the colour type.
-    const size_t lineBytes = height ? linesSize / height : linesSize;
-    if (linesSize < kLargeScanlines || (colourType == kIndexedColour && depth == 8) ||
-        newLineBytes(lines, linesSize, lineBytes) < kLargeScanlines / 4) {
-        compressed = ScanlineDeflate::compress(lines, linesSize, lineBytes);
-    } else if (const unsigned code = zlibCompress(compressed, lines, linesSize)) {
-        return code;
+    const size_t channels = colourType == kTrueColour            ? 3
+                            : colourType == kTrueColourWithAlpha ? 4
+                                                                 : 1;
+    const size_t pixelBytes = std::max<size_t>(1, channels * depth / 8);
+    const bool trueColour = colourType == kTrueColour || colourType == kTrueColourWithAlpha;
+    if (lines.lineBytes <= ScanlineDeflate::kMaxLineBytes &&
+        (lines.lineBytes * height < kLargeScanlines ||
+         (colourType == kIndexedColour && depth == 8) || lines.bytes.size() < kLargeScanlines / 4 ||
+         (trueColour && kBandDeflate))) {
+        compressed =
+            ScanlineDeflate::compress(lines.bytes.data(), lines.rows, lines.lineBytes, pixelBytes,
+                                      trueColour, trueColour ? kBandDeflate : nullptr);
+    } else {
+        const std::vector<unsigned char> all = lines.expanded();
+        if (const unsigned code = zlibCompress(compressed, all.data(), all.size())) {
+            return code;
+        }
     }
     static const unsigned char kSignature[8] = {137, 80, 78, 71, 13, 10, 26, 10};
     png.reserve(compressed.size() + 64 + colours.size() + transparency.size());
@@ -417,7 +478,7 @@ unsigned writePng(std::vector<unsigned char>& png, const unsigned char* lines, s
 // A palette PNG written here rather than by LodePNG, which would take the indices without row
 // padding and pad them again bit by bit.
 unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
-                       const std::vector<unsigned char>& lines, unsigned width, unsigned height) {
+                       const Scanlines& lines, unsigned width, unsigned height) {
     std::vector<unsigned char> colours;
     std::vector<unsigned char> alphas;
     size_t opaqueFrom = 0;  // tRNS covers the colours up to the last that isn't opaque
@@ -431,8 +492,7 @@ unsigned encodePalette(std::vector<unsigned char>& png, const Palette& palette,
         }
     }
     alphas.resize(opaqueFrom);
-    return writePng(png, lines.data(), lines.size(), width, height, palette.bitDepth(),
-                    kIndexedColour, colours, alphas);
+    return writePng(png, lines, width, height, palette.bitDepth(), kIndexedColour, colours, alphas);
 }
 
 // The grey level, 0 or 1, of a colour that 1-bit grey holds: black or white, opaque or fully
@@ -450,9 +510,9 @@ int greyLevel(unsigned color) {
 // ends, left and right together.
 constexpr double kWideMargins = 0.3;
 
-bool wideMargins(const std::vector<unsigned char>& lines, unsigned width, unsigned height) {
-    const size_t lineBytes = scanlineBytes(width, 1);
-    const unsigned char* first = &lines[lineBytes * (height / 2) + 1];
+bool wideMargins(const Scanlines& lines, unsigned height) {
+    const size_t lineBytes = lines.lineBytes;
+    const unsigned char* first = lines.lineOfRow(height / 2) + 1;
     const unsigned char* last = first + lineBytes - 2;
     size_t white = 0;
     for (const unsigned char* at = first; at <= last && *at == 0; ++at) {
@@ -467,9 +527,8 @@ bool wideMargins(const std::vector<unsigned char>& lines, unsigned width, unsign
 // Black and white, the usual barcode, as 1-bit grey, as LodePNG would choose it: no palette
 // chunk, and a transparent background as a grey key. False, with nothing changed, for other
 // colours.
-bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
-                std::vector<unsigned char>& lines, unsigned width, unsigned height,
-                unsigned& code) {
+bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette, Scanlines& lines,
+                unsigned width, unsigned height, unsigned& code) {
     if (palette.size == 0) {
         return false;
     }
@@ -492,15 +551,16 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
     // matrix symbol in its quiet zone has them, compresses better with white as zero, as the
     // palette has it: the margins then run on across the rows' filter bytes. Elsewhere the
     // palette chunk weighs more.
-    if (levels[0] == 1 && lines.size() >= kLargeScanlines && wideMargins(lines, width, height)) {
+    if (levels[0] == 1 && lines.lineBytes * height >= kLargeScanlines &&
+        wideMargins(lines, height)) {
         return false;
     }
     // Index 0 is white: every bit turns over, filter bytes aside.
     if (levels[0] == 1) {
-        const size_t lineBytes = scanlineBytes(width, 1);
-        for (size_t row = 0; row < lines.size(); row += lineBytes) {
+        const size_t lineBytes = lines.lineBytes;
+        for (size_t row = 0; row < lines.bytes.size(); row += lineBytes) {
             for (size_t at = row + 1; at < row + lineBytes; ++at) {
-                lines[at] = static_cast<unsigned char>(~lines[at]);
+                lines.bytes[at] = static_cast<unsigned char>(~lines.bytes[at]);
             }
         }
     }
@@ -508,20 +568,13 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette,
     if (!opaque[0] || !opaque[1]) {
         key = {0, static_cast<unsigned char>(levels[opaque[0] ? 1 : 0])};
     }
-    code = writePng(png, lines.data(), lines.size(), width, height, 1, 0, {}, key);
+    code = writePng(png, lines, width, height, 1, 0, {}, key);
     return true;
 }
 
-// PNG's filters of a scanline, by their numbers.
+// PNG's Sub filter of a scanline, by its number.
 constexpr unsigned char kFilterSub = 1;
-constexpr unsigned char kFilterUp = 2;
 constexpr unsigned kTrueColourDepth = 8;
-constexpr unsigned char kTrueColour = 2;
-constexpr unsigned char kTrueColourWithAlpha = 6;
-
-struct FreeDeleter {
-    void operator()(unsigned char* bytes) const { std::free(bytes); }
-};
 
 // A row of RGBA pixels as the Sub filter has it with the first channels of each pixel: each
 // byte less the same byte of the pixel before.
@@ -538,44 +591,34 @@ void filterSub(const unsigned char* row, unsigned width, unsigned char* out) {
 }
 
 // A picture of more colours than a palette holds, as a logo on a QR Code makes it: 8-bit RGB
-// when every pixel is opaque, RGBA otherwise. A row like the one above, most rows of a symbol,
-// is filtered Up and so all zeros; any other Sub, which leaves runs of one colour as zeros too
-// and a scaled logo's shades small. The scanlines start zeroed from calloc: a large block comes
-// as pages that only the rows written here take up, and deflate reads the rest from the one
-// shared page of zeros.
+// when every pixel is opaque, RGBA otherwise. Every row is filtered Sub, which leaves runs of
+// one colour as zeros and a scaled logo's shades small, and which keeps a row like the one above
+// a copy of its line, to be kept once.
 unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* pixels,
-                          unsigned width, unsigned height) {
+                          unsigned width, unsigned height, const Repeats& repeats) {
     const size_t rowBytes = 4 * static_cast<size_t>(width);
-    std::vector<bool> repeats(height);
     bool opaque = true;
-    for (unsigned y = 0; y < height; ++y) {
+    for (unsigned y = 0; y < height && opaque; ++y) {
         const unsigned char* row = pixels + rowBytes * y;
-        repeats[y] = sameRow(row, width, y);
         for (size_t alpha = 3; opaque && !repeats[y] && alpha < rowBytes; alpha += 4) {
             opaque = row[alpha] == 255;
         }
     }
     const unsigned channels = opaque ? 3 : 4;
-    const size_t lineBytes = scanlineBytes(width, channels * kTrueColourDepth);
-    const size_t size = lineBytes * height;
-    const std::unique_ptr<unsigned char, FreeDeleter> lines(
-        static_cast<unsigned char*>(std::calloc(size, 1)));
-    if (!lines) {
-        return kOutOfMemory;
-    }
+    Scanlines lines(scanlineBytes(width, channels * kTrueColourDepth), repeats);
     for (unsigned y = 0; y < height; ++y) {
-        unsigned char* out = lines.get() + lineBytes * y;
-        *out = repeats[y] ? kFilterUp : kFilterSub;
-        if (repeats[y]) {
+        unsigned char* out = lines.next(repeats[y]);
+        if (!out) {
             continue;
         }
+        *out = kFilterSub;
         if (opaque) {
             filterSub<3>(pixels + rowBytes * y, width, out + 1);
         } else {
             filterSub<4>(pixels + rowBytes * y, width, out + 1);
         }
     }
-    return writePng(png, lines.get(), size, width, height, kTrueColourDepth,
+    return writePng(png, lines, width, height, kTrueColourDepth,
                     opaque ? kTrueColour : kTrueColourWithAlpha, {}, {});
 }
 
@@ -588,17 +631,20 @@ std::vector<unsigned char> encodePng(const unsigned char* pixels, unsigned width
     std::vector<unsigned char> png;
     unsigned code = kNoInput;
     if (pixels) {
+        const Repeats repeats = findRepeats(pixels, width, height, repeatedRows);
         Palette palette;
-        std::vector<unsigned char> lines;
-        if (packTwoColours(pixels, width, height, repeatedRows, palette, lines)) {
+        Scanlines lines(scanlineBytes(width, 1), repeats);
+        if (packTwoColours(pixels, width, height, repeats, palette, lines)) {
             if (!encodeGrey(png, palette, lines, width, height, code)) {
                 code = encodePalette(png, palette, lines, width, height);
             }
-        } else if (findPalette(pixels, width, height, palette)) {
-            code = encodePalette(png, palette, scanlines(pixels, width, height, palette), width,
+        } else if (Scanlines indices(scanlineBytes(width, 8), repeats);
+                   indexColours(pixels, width, height, repeats, palette, indices)) {
+            code = encodePalette(png, palette,
+                                 packIndices(std::move(indices), width, palette.bitDepth()), width,
                                  height);
         } else {
-            code = encodeTrueColour(png, pixels, width, height);
+            code = encodeTrueColour(png, pixels, width, height, repeats);
         }
     }
     if (code != 0) {

@@ -120,17 +120,31 @@ void stampLogo(PImage& picture, const PImage& logo, double percent, const Symbol
     if (newWidth == 0 || newHeight == 0) {
         return;
     }
-    PByteArray pixels(static_cast<unsigned char>(0),
-                      static_cast<unsigned long>(newWidth) * newHeight * kBytesPerPixel);
     // Its filter bank depends on nothing but the fixed design values: made once, kept for the
     // process (see docs/limits.md), and shared, since a resize changes nothing in it.
     static const avir::CImageResizer resizer;
-    resizer.resizeImage(logo.pixelData(), static_cast<int>(logoWidth), static_cast<int>(logoHeight),
-                        0, pixels.data(), static_cast<int>(newWidth), static_cast<int>(newHeight),
-                        static_cast<int>(kBytesPerPixel));
-    pasteLogo(picture, pixels.constData(), newWidth, newHeight,
-              symbol.x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2,
-              symbol.y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2);
+    const auto resize = [&](unsigned char* target, size_t pitch) {
+        resizer.resizeImage(logo.pixelData(), static_cast<int>(logoWidth),
+                            static_cast<int>(logoHeight), 0, target, static_cast<int>(newWidth),
+                            static_cast<int>(newHeight), static_cast<int>(kBytesPerPixel),
+                            static_cast<int>(pitch));
+    };
+    const int x = symbol.x + (static_cast<int>(rootWidth) - static_cast<int>(newWidth)) / 2;
+    const int y = symbol.y + (static_cast<int>(rootHeight) - static_cast<int>(newHeight)) / 2;
+    // A logo within the picture, as it nearly always is, is scaled straight into it: a picture's
+    // worth of logo costs as much again to set aside and copy.
+    if (picture.bytesPerPixel() == kBytesPerPixel && x >= 0 && y >= 0 &&
+        static_cast<long long>(x) + newWidth <= picture.width() &&
+        static_cast<long long>(y) + newHeight <= picture.height()) {
+        resize(picture.pixelData() + static_cast<size_t>(y) * picture.pitch() +
+                   static_cast<size_t>(x) * kBytesPerPixel,
+               picture.pitch());
+        return;
+    }
+    PByteArray pixels(static_cast<unsigned char>(0),
+                      static_cast<unsigned long>(newWidth) * newHeight * kBytesPerPixel);
+    resize(pixels.data(), 0);
+    pasteLogo(picture, pixels.constData(), newWidth, newHeight, x, y);
 }
 
 }  // namespace BarcodeVelko

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "BarcodeLib/facade/barcode_facade2.h"
+#include "BarcodeLib/png/dm2png32.h"
 #include "BarcodeLib/png/logo_step.h"
 #include "layer/foundation/base64.h"
 #include "tests/support/scan_harness.h"
@@ -208,6 +209,57 @@ TEST(LogoStep, BadLogosThroughTheHostLeaveThePictureAlone) {
     for (const std::vector<unsigned char>& logo : bad) {
         EXPECT_EQ(picture(&logo), plain) << logo.size() << " bytes";
     }
+}
+
+// A logo's picture through the PNG step: bands of lines of their own (first, between runs of
+// repeated rows, last), opaque and translucent, and a palette whose colour counts grow as
+// Fibonacci's numbers, too skewed for Huffman codes of at most 15 bits unless limited.
+TEST(LogoStep, PicturesWithALogoComeBackExactly) {
+    const auto roundTrip = [](const std::vector<unsigned char>& rgba, unsigned width,
+                              const char* note) {
+        const unsigned height = static_cast<unsigned>(rgba.size() / 4 / width);
+        int error = -1;
+        const VelkoTest::Picture back =
+            VelkoTest::decodePng(BarcodeVelko::DM2PNG32(rgba.data(), width, height, 4, &error));
+        EXPECT_EQ(error, 0) << note;
+        EXPECT_EQ(back.rgba, rgba) << note;
+    };
+    constexpr unsigned kWidth = 320;
+    constexpr unsigned kHeight = 200;
+    for (const bool translucent : {false, true}) {
+        std::vector<unsigned char> rgba;
+        for (unsigned y = 0; y < kHeight; ++y) {
+            const bool band = y < 30 || (y >= 40 && y < 100) || (y >= 120 && y < 140) || y >= 180;
+            for (unsigned x = 0; x < kWidth; ++x) {
+                if (band && x >= 100 && x < 220) {
+                    rgba.insert(rgba.end(), {static_cast<unsigned char>(x * 3 + y),
+                                             static_cast<unsigned char>(x + y * 5),
+                                             static_cast<unsigned char>(x ^ y),
+                                             static_cast<unsigned char>(translucent ? x : 255)});
+                } else {
+                    const unsigned char v = (x / 8 + y / 16) % 2 ? 0 : 255;
+                    rgba.insert(rgba.end(), {v, v, v, 255});
+                }
+            }
+        }
+        roundTrip(rgba, kWidth, translucent ? "translucent" : "opaque");
+    }
+    std::vector<unsigned> colours;
+    for (unsigned a = 1, b = 1, colour = 0; colour < 24; ++colour, b += a, a = b - a) {
+        colours.insert(colours.end(), a, colour);
+    }
+    // Scattered, so that few bytes repeat the one before.
+    unsigned seed = 1;
+    for (size_t i = colours.size() - 1; i > 0; --i) {
+        seed = seed * 1103515245u + 12345u;
+        std::swap(colours[i], colours[(seed >> 8) % (i + 1)]);
+    }
+    std::vector<unsigned char> rgba;
+    for (const unsigned colour : colours) {
+        rgba.insert(rgba.end(), {static_cast<unsigned char>(colour * 11), 40, 90, 255});
+    }
+    rgba.resize(rgba.size() / (4 * 997) * (4 * 997));
+    roundTrip(rgba, 997, "Fibonacci's palette");
 }
 
 }  // namespace

@@ -128,6 +128,23 @@ TEST(Resampler, PassesThePassBandAndStopsAliases) {
 
 // The window by its recurrence, the low-pass kernels and the bank's filters against their
 // formula evaluated directly.
+// One resizer through many sizes, twice, so that kept chains are both met again and pushed
+// out: every picture as a resizer new to it makes it.
+TEST(Resampler, KeptChainsScaleAsNewOnes) {
+    const CImageResizer kept;
+    for (int round = 0; round < 2; ++round) {
+        for (const SizeCase& s : kSizes) {
+            std::vector<unsigned char> src(static_cast<size_t>(s.w) * s.h * 4);
+            for (size_t i = 0; i < src.size(); ++i) {
+                src[i] = static_cast<unsigned char>(i * 37 + i / 7);
+            }
+            std::vector<unsigned char> out(static_cast<size_t>(s.nw) * s.nh * 4);
+            kept.resizeImage(src.data(), s.w, s.h, 0, out.data(), s.nw, s.nh, 4);
+            EXPECT_EQ(out, resize(src, s.w, s.h, s.nw, s.nh)) << s.note;
+        }
+    }
+}
+
 TEST(ResamplerDesign, KernelsFollowTheirFormula) {
     struct Case {
         double halfLength, cutoff, alpha;
