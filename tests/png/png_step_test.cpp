@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "BarcodeLib/facade/barcode_facade2.h"
 #include "BarcodeLib/png/dm2png32.h"
 #include "tests/support/scan_harness.h"
 
@@ -71,47 +70,6 @@ TEST(PngStep, HintedRowsAreTakenOnTrustInEveryColourModel) {
         hints.push_back(0);
         EXPECT_EQ(BarcodeVelko::DM2PNG32(pixels.data(), kWidth, kHeight, hints, nullptr), plain);
     }
-}
-
-// The facade's hints hold for every row they name, through rotations and text.
-TEST(PngStep, TheCanvasHintsOnlyRowsThatRepeat) {
-    const std::vector<std::pair<unsigned, const wchar_t*>> cases = {{3, L"CODE39"},
-                                                                    {4, L"Code128 example"},
-                                                                    {15, L"123456789012812345"},
-                                                                    {16, L"https://example.com"},
-                                                                    {17, L"(10)12A"}};
-    unsigned hinted = 0;
-    for (const auto& [type, value] : cases) {
-        for (const unsigned rotation : {0u, 90u}) {
-            BarcodeVelko::BarcodeFacade2 facade;
-            VelkoTest::setUp(facade, type, 260, 120, rotation);
-            facade.setCodeValue(value);
-            std::vector<unsigned char> hints;
-            const PImage image = facade.draw(hints);
-            ASSERT_TRUE(image.isValid()) << type;
-            if (hints.empty()) {
-                continue;
-            }
-            ++hinted;
-            ASSERT_EQ(hints.size(), image.height()) << type;
-            const size_t rowBytes = 4 * static_cast<size_t>(image.width());
-            const unsigned char* pixels = image.pixelData();
-            for (unsigned y = 1; y < image.height(); ++y) {
-                if (hints[y]) {
-                    ASSERT_EQ(
-                        std::memcmp(pixels + rowBytes * y, pixels + rowBytes * (y - 1), rowBytes),
-                        0)
-                        << type << " " << rotation << " row " << y;
-                }
-            }
-            const Pixels plain(pixels, pixels + rowBytes * image.height());
-            EXPECT_EQ(decode(BarcodeVelko::DM2PNG32(pixels, image.width(), image.height(), hints,
-                                                    nullptr)),
-                      plain)
-                << type;
-        }
-    }
-    EXPECT_GT(hinted, 0u);
 }
 
 // Adler-32 of a line repeated more times than its modulus, an odd and an even number of times,
