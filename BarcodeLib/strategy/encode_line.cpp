@@ -1,7 +1,6 @@
 #include "BarcodeLib/strategy/encode_line.h"
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
 
 #include "BarcodeLib/errors/barcode_exception.h"
@@ -43,14 +42,6 @@ LeafBlock* heldBlock(const AbstractBarcodeComposite& target, std::size_t runs) {
     return block;
 }
 
-std::size_t runCount(const char* pattern, std::size_t length) {
-    std::size_t runs = length == 0 ? 0 : 1;
-    for (std::size_t i = 1; i < length; ++i) {
-        runs += pattern[i] != pattern[i - 1] ? 1 : 0;
-    }
-    return runs;
-}
-
 }  // namespace
 
 void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool control,
@@ -59,14 +50,17 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
         throw BarcodeException::Unexpected();
     }
     // Checked whole first, so that a bad pattern leaves the target as it was.
-    const std::size_t length = std::strlen(pattern);
-    if (std::strspn(pattern, "01") != length) {
-        throw BarcodeException::Unexpected();
+    std::size_t length = 0;
+    std::size_t runs = 0;
+    for (const char* module = pattern; *module != '\0'; ++module, ++length) {
+        if (*module != '0' && *module != '1') {
+            throw BarcodeException::Unexpected();
+        }
+        runs += length == 0 || *module != module[-1] ? 1 : 0;
     }
     if (length == 0) {
         return;
     }
-    const std::size_t runs = runCount(pattern, length);
     if (!target->makeRoomFor(runs)) {
         throw BarcodeException::OutOfMemory();
     }
