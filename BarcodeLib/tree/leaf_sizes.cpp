@@ -7,9 +7,17 @@
 
 namespace BarcodeVelko {
 
+namespace {
+
+constexpr std::size_t kLinearLeaves = 128;
+
+}  // namespace
+
 LeafSizes::LeafSizes(AbstractBarcodeElement& root, unsigned width, unsigned height,
                      AbstractBarcodeVisitor& sizing)
     : sizing(sizing), treeWidth(width), treeHeight(height) {
+    // Room for a linear symbol's leaves at once; a larger tree grows from there.
+    kept.reserve(kLinearLeaves);
     root.visit(this);
 }
 
