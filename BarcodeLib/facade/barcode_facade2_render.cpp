@@ -67,18 +67,21 @@ PImage BarcodeFacade2::drawPicture(std::vector<unsigned char>* repeatedRows) {
         Placement placement;
         lastError = placeTree(placement);
         if (lastError.code() == 0) {
-            result = paintTree(placement, repeatedRows);
-            if (g_codeTypes[codeType].has(kTakesLogo) && logo.isValid() && logoSizePercent > 0.0) {
-                // The logo's rows repeat nothing.
-                if (repeatedRows) {
-                    repeatedRows->clear();
-                }
+            std::vector<unsigned char> repeated;
+            result = paintTree(placement, repeatedRows ? &repeated : nullptr);
+            if (g_codeTypes[codeType].has(kTakesLogo)) {
                 const SymbolArea drawn = {static_cast<int>(placement.x),
                                           static_cast<int>(placement.y), placement.symbolWidth,
                                           placement.symbolHeight};
-                stampLogo(result, logo, logoSizePercent,
-                          deliveredArea(drawn, placement.canvasWidth, placement.canvasHeight,
-                                        canvasRotation));
+                // The logo's rows repeat nothing.
+                if (stampLogo(result, logo, logoSizePercent,
+                              deliveredArea(drawn, placement.canvasWidth, placement.canvasHeight,
+                                            canvasRotation))) {
+                    repeated.clear();
+                }
+            }
+            if (repeatedRows) {
+                *repeatedRows = std::move(repeated);
             }
             PByteArray pixels = result.data();
             if (result.isValid() && pixels.size() <= kMaxSpareCanvasBytes) {
@@ -86,9 +89,6 @@ PImage BarcodeFacade2::drawPicture(std::vector<unsigned char>* repeatedRows) {
             }
         }
     } catch (...) {
-        if (repeatedRows) {
-            repeatedRows->clear();
-        }
         lastError = PError(kGenerationError, PString(kGenerationErrorText));
         // The tree may be left sized halfway.
         picturing = false;

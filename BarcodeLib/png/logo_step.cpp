@@ -99,17 +99,17 @@ PImage decodeLogo(const unsigned char* png, size_t size) {
                   PByteArray(rgba, static_cast<unsigned long>(width) * height * kBytesPerPixel));
 }
 
-void stampLogo(PImage& picture, const PImage& logo, double percent, const SymbolArea& symbol) {
+bool stampLogo(PImage& picture, const PImage& logo, double percent, const SymbolArea& symbol) {
     const unsigned rootWidth = symbol.width;
     const unsigned rootHeight = symbol.height;
     if (!logo.isValid() || !(percent > 0.0)) {
-        return;
+        return false;
     }
     const unsigned logoWidth = logo.width();
     const unsigned logoHeight = logo.height();
     // A logo may be built from any byte array; this one must hold its pixels.
     if (logo.data().size() < static_cast<unsigned long>(logoWidth) * logoHeight * kBytesPerPixel) {
-        return;
+        return false;
     }
     percent = std::min(percent, kMaxPercent);
     // The longer side of the logo against the same side of the symbol; square takes the width.
@@ -118,7 +118,7 @@ void stampLogo(PImage& picture, const PImage& logo, double percent, const Symbol
     const unsigned newWidth = static_cast<unsigned>(logoWidth * scale);
     const unsigned newHeight = static_cast<unsigned>(logoHeight * scale);
     if (newWidth == 0 || newHeight == 0) {
-        return;
+        return false;
     }
     // Its filter bank depends on nothing but the fixed design values: made once, kept for the
     // process (see docs/limits.md), and shared, since a resize changes nothing in it.
@@ -139,12 +139,13 @@ void stampLogo(PImage& picture, const PImage& logo, double percent, const Symbol
         resize(picture.pixelData() + static_cast<size_t>(y) * picture.pitch() +
                    static_cast<size_t>(x) * kBytesPerPixel,
                picture.pitch());
-        return;
+        return true;
     }
     PByteArray pixels(static_cast<unsigned char>(0),
                       static_cast<unsigned long>(newWidth) * newHeight * kBytesPerPixel);
     resize(pixels.data(), 0);
     pasteLogo(picture, pixels.constData(), newWidth, newHeight, x, y);
+    return true;
 }
 
 }  // namespace BarcodeVelko

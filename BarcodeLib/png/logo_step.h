@@ -34,7 +34,7 @@ SymbolArea deliveredArea(const SymbolArea& drawn, unsigned canvasWidth, unsigned
 
 // Stamps the logo, upright, over the middle of the symbol's area on the delivered picture:
 // scaled so that its longer side takes percent (at most 100) of the area's same side, pixels
-// copied as they are. No valid logo or no percent above 0 draws nothing.
-void stampLogo(PImage& picture, const PImage& logo, double percent, const SymbolArea& symbol);
+// copied as they are. No valid logo or no percent above 0 draws nothing; true when it drew.
+bool stampLogo(PImage& picture, const PImage& logo, double percent, const SymbolArea& symbol);
 
 }  // namespace BarcodeVelko

@@ -42,6 +42,28 @@ LeafBlock* heldBlock(const AbstractBarcodeComposite& target, std::size_t runs) {
     return block;
 }
 
+// The target's room for runs more leaves, and a block to make them in.
+std::unique_ptr<LeafBlock, LeafBlock::Releaser> blockFor(AbstractBarcodeComposite& target,
+                                                         std::size_t runs) {
+    if (!target.makeRoomFor(runs)) {
+        throw BarcodeException::OutOfMemory();
+    }
+    return std::unique_ptr<LeafBlock, LeafBlock::Releaser>(heldBlock(target, runs));
+}
+
+void appendRun(LeafBlock& block, AbstractBarcodeComposite& target, const LeafRun& run, bool control,
+               unsigned customData) {
+    SmartPtr<AbstractBarcodeRect> leaf;
+    if (run.dark) {
+        leaf = block.emplace<BarcodeBar>(run.width, run.height, control, run.last);
+    } else {
+        leaf = block.emplace<BarcodeSpace>(run.width, run.height, control, run.last);
+    }
+    leaf->setCustomData(customData);
+    target.add(leaf.get());
+    leaf.release();
+}
+
 }  // namespace
 
 void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool control,
@@ -61,24 +83,13 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
     if (length == 0) {
         return;
     }
-    if (!target->makeRoomFor(runs)) {
-        throw BarcodeException::OutOfMemory();
-    }
-    const std::unique_ptr<LeafBlock, LeafBlock::Releaser> block(heldBlock(*target, runs));
+    const auto block = blockFor(*target, runs);
     const char* const end = pattern + length;
     for (const char* start = pattern; start < end;) {
         const char* runEnd = std::find_if(start, end, [&](char c) { return c != *start; });
-        const unsigned width = static_cast<unsigned>(runEnd - start);
-        const bool lastRun = last && runEnd == end;
-        SmartPtr<AbstractBarcodeRect> leaf;
-        if (*start == '1') {
-            leaf = block->emplace<BarcodeBar>(width, 1u, control, lastRun);
-        } else {
-            leaf = block->emplace<BarcodeSpace>(width, 1u, control, lastRun);
-        }
-        leaf->setCustomData(customData);
-        target->add(leaf.get());
-        leaf.release();
+        const LeafRun run{*start == '1', static_cast<unsigned>(runEnd - start), 1u,
+                          last && runEnd == end};
+        appendRun(*block, *target, run, control, customData);
         start = runEnd;
     }
 }
@@ -90,19 +101,9 @@ void encode_runs(const LeafRun* runs, std::size_t count, AbstractBarcodeComposit
     if (count == 0) {
         return;
     }
-    if (!target->makeRoomFor(count)) {
-        throw BarcodeException::OutOfMemory();
-    }
-    const std::unique_ptr<LeafBlock, LeafBlock::Releaser> block(heldBlock(*target, count));
+    const auto block = blockFor(*target, count);
     for (const LeafRun* run = runs; run < runs + count; ++run) {
-        SmartPtr<AbstractBarcodeRect> leaf;
-        if (run->dark) {
-            leaf = block->emplace<BarcodeBar>(run->width, run->height, false, run->last);
-        } else {
-            leaf = block->emplace<BarcodeSpace>(run->width, run->height, false, run->last);
-        }
-        target->add(leaf.get());
-        leaf.release();
+        appendRun(*block, *target, *run, false, 0);
     }
 }
 

@@ -237,8 +237,7 @@ void BarcodeCanvasMemoryImpl::setTextColorImp(unsigned color) {
 }
 
 void BarcodeCanvasMemoryImpl::fillCanvasImp(unsigned color, bool) {
-    d->image.fill(color);
-    d->baseDevice->filled();
+    d->baseDevice->fill(color);
 }
 
 unsigned BarcodeCanvasMemoryImpl::getFontHeight() {

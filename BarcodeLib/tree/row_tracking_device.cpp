@@ -14,7 +14,7 @@ void RowTrackingDevice::setPixel(int x, int y, unsigned int value) {
 
 void RowTrackingDevice::fill(unsigned int value) {
     PAbstractPaintDeviceWrapper::fill(value);
-    filled();
+    std::fill(rows.begin(), rows.end(), Row());
 }
 
 void RowTrackingDevice::fillRect(int x, int y, unsigned width, unsigned height,
@@ -29,28 +29,13 @@ bool RowTrackingDevice::copyRect(int x, int y, unsigned width, unsigned height, 
 }
 
 void RowTrackingDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
-    // A glyph's rows come one at a time, each inside the picture.
-    if (y >= 0 && static_cast<unsigned>(y) + 1 < rows.size() && x >= 0 &&
-        count <= pictureWidth - std::min<unsigned>(static_cast<unsigned>(x), pictureWidth)) {
-        Row& row = rows[static_cast<unsigned>(y)];
-        row.state = State::kDrawn;
-        row.left = std::min(row.left, static_cast<unsigned>(x));
-        row.right = std::max(row.right, static_cast<unsigned>(x) + count);
-        Row& below = rows[static_cast<unsigned>(y) + 1];
-        below.state = below.state == State::kRepeatsAbove ? State::kDrawn : below.state;
-    } else {
-        drawn(x, count, y, 1);
-    }
+    drawn(x, count, y, 1);
     PAbstractPaintDeviceWrapper::putRow(x, y, pixels, count);
 }
 
 unsigned char* RowTrackingDevice::pixelData() {
     known = false;
     return PAbstractPaintDeviceWrapper::pixelData();
-}
-
-void RowTrackingDevice::filled() {
-    std::fill(rows.begin(), rows.end(), Row());
 }
 
 bool RowTrackingDevice::untouched(unsigned top, unsigned count) const {

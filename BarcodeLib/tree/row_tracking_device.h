@@ -24,8 +24,6 @@ public:
     // Pixels written through the pointer go unseen: nothing is known from then on.
     unsigned char* pixelData() override;
 
-    // The picture was filled with one colour behind the device.
-    void filled();
     // Whether the rows from top on, count of them, are untouched since the fill.
     bool untouched(unsigned top, unsigned count) const;
     // The rows from top on, count of them, untouched until a band drew one line of them and
@@ -53,6 +51,7 @@ private:
     bool repeatsAbove(std::size_t y) const;
 
     std::vector<Row> rows;
+    // The picture's, for each drawing's columns: asked of the picture it is two calls.
     unsigned pictureWidth;
     bool known = true;
 };

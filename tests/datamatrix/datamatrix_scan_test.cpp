@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <dmtx.h>
-
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -12,6 +10,7 @@
 #include "BarcodeLib/facade/barcode_facade2.h"
 #include "host/text_forms.h"
 #include "tests/support/scan_harness.h"
+#include "tools/cli/dmtx_read.h"
 
 using namespace BarcodeVelko;
 using VelkoTest::Picture;
@@ -59,20 +58,8 @@ VelkoTest::Reading readDataMatrix(const Picture& drawn) {
 // libdmtx writes it, so that size is read back with libdmtx's own reader.
 std::string readWithLibdmtx(const Picture& drawn) {
     Picture picture = onLabel(drawn);
-    DmtxImage* image = dmtxImageCreate(picture.rgba.data(), static_cast<int>(picture.width),
-                                       static_cast<int>(picture.height), DmtxPack32bppRGBX);
-    DmtxDecode* decode = dmtxDecodeCreate(image, 1);
-    DmtxRegion* region = dmtxRegionFindNext(decode, nullptr);
-    DmtxMessage* message = region ? dmtxDecodeMatrixRegion(decode, region, DmtxUndefined) : nullptr;
-    std::string bytes;
-    if (message) {
-        bytes.assign(reinterpret_cast<const char*>(message->output), message->outputIdx);
-        dmtxMessageDestroy(&message);
-    }
-    dmtxRegionDestroy(&region);
-    dmtxDecodeDestroy(&decode);
-    dmtxImageDestroy(&image);
-    return bytes;
+    return VelkoCli::readWithLibdmtx(picture.rgba.data(), static_cast<int>(picture.width),
+                                     static_cast<int>(picture.height), DmtxPack32bppRGBX);
 }
 
 std::string readBack(const Picture& picture, unsigned side) {

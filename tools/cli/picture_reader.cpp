@@ -2,8 +2,8 @@
 #define ZX_USE_UTF8
 
 #include "tools/cli/picture_reader.h"
+#include "tools/cli/dmtx_read.h"
 
-#include <dmtx.h>
 #include <lodepng.h>
 
 #include <algorithm>
@@ -76,27 +76,6 @@ Grey withMargin(const Grey& grey, unsigned margin) {
     return label;
 }
 
-// zxing-cpp 1.4 can't read the largest Data Matrix size; libdmtx's own reader can.
-std::string readWithLibdmtx(Grey& label) {
-    DmtxImage* image = dmtxImageCreate(label.pixels.data(), static_cast<int>(label.width),
-                                       static_cast<int>(label.height), DmtxPack8bppK);
-    if (!image) {
-        return std::string();
-    }
-    DmtxDecode* decode = dmtxDecodeCreate(image, 1);
-    DmtxRegion* region = decode ? dmtxRegionFindNext(decode, nullptr) : nullptr;
-    DmtxMessage* message = region ? dmtxDecodeMatrixRegion(decode, region, DmtxUndefined) : nullptr;
-    std::string bytes;
-    if (message) {
-        bytes.assign(reinterpret_cast<const char*>(message->output), message->outputIdx);
-        dmtxMessageDestroy(&message);
-    }
-    dmtxRegionDestroy(&region);
-    dmtxDecodeDestroy(&decode);
-    dmtxImageDestroy(&image);
-    return bytes;
-}
-
 bool read(Grey& label, BarcodeFormat format, bool addOn, std::string& symbology,
           std::string& text) {
     const ZXing::ImageView view(label.pixels.data(), static_cast<int>(label.width),
@@ -118,7 +97,8 @@ bool read(Grey& label, BarcodeFormat format, bool addOn, std::string& symbology,
         }
     }
     if (format == BarcodeFormat::DataMatrix) {
-        text = readWithLibdmtx(label);
+        text = VelkoCli::readWithLibdmtx(label.pixels.data(), static_cast<int>(label.width),
+                                         static_cast<int>(label.height), DmtxPack8bppK);
         return !text.empty();
     }
     return false;
