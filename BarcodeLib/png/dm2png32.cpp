@@ -555,13 +555,15 @@ bool encodeGrey(std::vector<unsigned char>& png, const Palette& palette, Scanlin
         wideMargins(lines, height)) {
         return false;
     }
-    // Index 0 is white: every bit turns over, filter bytes aside.
+    // Index 0 is white: every bit turns over, filter bytes aside, which turn back.
     if (levels[0] == 1) {
-        const size_t lineBytes = lines.lineBytes;
-        for (size_t row = 0; row < lines.bytes.size(); row += lineBytes) {
-            for (size_t at = row + 1; at < row + lineBytes; ++at) {
-                lines.bytes[at] = static_cast<unsigned char>(~lines.bytes[at]);
-            }
+        unsigned char* bytes = lines.bytes.data();
+        const size_t size = lines.bytes.size();
+        for (size_t at = 0; at < size; ++at) {
+            bytes[at] = static_cast<unsigned char>(~bytes[at]);
+        }
+        for (size_t row = 0; row < size; row += lines.lineBytes) {
+            bytes[row] = static_cast<unsigned char>(~bytes[row]);
         }
     }
     std::vector<unsigned char> key;

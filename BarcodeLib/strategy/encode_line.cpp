@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "BarcodeLib/errors/barcode_exception.h"
-#include "BarcodeLib/smart_ptr.h"
 #include "BarcodeLib/tree/abstract_barcode_composite.h"
 #include "BarcodeLib/tree/barcode_bar.h"
 #include "BarcodeLib/tree/barcode_space.h"
@@ -51,17 +50,22 @@ std::unique_ptr<LeafBlock, LeafBlock::Releaser> blockFor(AbstractBarcodeComposit
     return std::unique_ptr<LeafBlock, LeafBlock::Releaser>(heldBlock(target, runs));
 }
 
+// Into the room that blockFor made.
+template <class Leaf>
+void appendLeaf(LeafBlock& block, AbstractBarcodeComposite& target, const LeafRun& run,
+                bool control, unsigned customData) {
+    Leaf* leaf = block.emplace<Leaf>(run.width, run.height, control, run.last);
+    leaf->setCustomData(customData);
+    target.addInRoom(leaf);
+}
+
 void appendRun(LeafBlock& block, AbstractBarcodeComposite& target, const LeafRun& run, bool control,
                unsigned customData) {
-    SmartPtr<AbstractBarcodeRect> leaf;
     if (run.dark) {
-        leaf = block.emplace<BarcodeBar>(run.width, run.height, control, run.last);
+        appendLeaf<BarcodeBar>(block, target, run, control, customData);
     } else {
-        leaf = block.emplace<BarcodeSpace>(run.width, run.height, control, run.last);
+        appendLeaf<BarcodeSpace>(block, target, run, control, customData);
     }
-    leaf->setCustomData(customData);
-    target.add(leaf.get());
-    leaf.release();
 }
 
 }  // namespace
@@ -85,12 +89,17 @@ void encode_line(const char* pattern, AbstractBarcodeComposite* target, bool con
     }
     const auto block = blockFor(*target, runs);
     const char* const end = pattern + length;
-    for (const char* start = pattern; start < end;) {
-        const char* runEnd = std::find_if(start, end, [&](char c) { return c != *start; });
-        const LeafRun run{*start == '1', static_cast<unsigned>(runEnd - start), 1u,
-                          last && runEnd == end};
-        appendRun(*block, *target, run, control, customData);
-        start = runEnd;
+    const char* start = pattern;
+    for (const char* module = pattern + 1;; ++module) {
+        if (module == end || *module != *start) {
+            const LeafRun run{*start == '1', static_cast<unsigned>(module - start), 1u,
+                              last && module == end};
+            appendRun(*block, *target, run, control, customData);
+            if (module == end) {
+                break;
+            }
+            start = module;
+        }
     }
 }
 

@@ -23,13 +23,20 @@ void AbstractBarcodeComposite::add(AbstractBarcodeElement* child) {
     guarded([&] { children.push_back(child); });
 }
 
+namespace {
+
+// A row of a linear symbol holds some 60 runs: room for them from the first pattern on.
+constexpr std::size_t kFirstRoom = 64;
+
+}  // namespace
+
 bool AbstractBarcodeComposite::makeRoomFor(std::size_t more) noexcept {
     const std::size_t needed = children.size() + more;
     if (needed <= children.capacity()) {
         return true;
     }
     try {
-        children.reserve(std::max(needed, 2 * children.capacity()));
+        children.reserve(std::max({needed, 2 * children.capacity(), kFirstRoom}));
         return true;
     } catch (const std::exception&) {
         return false;

@@ -17,9 +17,11 @@ public:
 
     void add(AbstractBarcodeElement* child) override;
     void visit(AbstractBarcodeVisitor* visitor) override;
-    // Room for more children to come, grown as push_back would grow it, so that a pattern's runs
-    // take one reallocation at most. False when memory runs out.
+    // Room for more children to come, grown as push_back would grow it but from 64 on, so that a
+    // pattern's runs take one reallocation at most. False when memory runs out.
     bool makeRoomFor(std::size_t more) noexcept;
+    // Adds a child into the room that makeRoomFor made, which nothing can fail.
+    void addInRoom(AbstractBarcodeElement* child) noexcept { children.push_back(child); }
     // The child added last, null while there is none.
     AbstractBarcodeElement* lastChild() const {
         return children.empty() ? nullptr : children.back();

@@ -5,7 +5,7 @@
 namespace BarcodeVelko {
 
 // A dark run.
-class BarcodeBar : public AbstractBarcodeRect {
+class BarcodeBar final : public AbstractBarcodeRect {
 public:
     using AbstractBarcodeRect::AbstractBarcodeRect;
 

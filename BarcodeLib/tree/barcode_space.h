@@ -5,7 +5,7 @@
 namespace BarcodeVelko {
 
 // A light run.
-class BarcodeSpace : public AbstractBarcodeRect {
+class BarcodeSpace final : public AbstractBarcodeRect {
 public:
     using AbstractBarcodeRect::AbstractBarcodeRect;
 

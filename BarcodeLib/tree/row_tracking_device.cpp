@@ -28,9 +28,10 @@ bool RowTrackingDevice::copyRect(int x, int y, unsigned width, unsigned height, 
     return PAbstractPaintDeviceWrapper::copyRect(x, y, width, height, toX, toY);
 }
 
-void RowTrackingDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
-    drawn(x, count, y, 1);
-    PAbstractPaintDeviceWrapper::putRow(x, y, pixels, count);
+void RowTrackingDevice::putRect(int x, int y, const unsigned char* pixels, unsigned pitch,
+                                unsigned width, unsigned height) {
+    drawn(x, width, y, height);
+    PAbstractPaintDeviceWrapper::putRect(x, y, pixels, pitch, width, height);
 }
 
 unsigned char* RowTrackingDevice::pixelData() {

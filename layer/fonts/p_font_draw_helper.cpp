@@ -71,7 +71,7 @@ public:
     PGlyph blankGlyph(const PTextOptions& options) const;
     // Gives the pending glyphs among those that will be drawn their images: whole when the
     // glyph fits the device, else only the part of it that the device shows.
-    void makeImages(std::vector<PlacedGlyph>& placed, int y);
+    void makeImages(int y);
 
     PAbstractPaintDevice* device = nullptr;
     PFontInfo font;
@@ -81,6 +81,10 @@ public:
     // Copies of the cached glyphs in the current pen and brush. Large glyphs may be pending
     // here until a line draws them.
     std::map<unsigned int, PGlyph> glyphs;
+    // Kept from line to line, as a label draws several short lines in a row.
+    std::vector<std::pair<unsigned int, const PGlyph*>> line;
+    std::vector<PlacedGlyph> placed;
+    PPainter painter;
 };
 
 PGlyph PFontDrawHelperPrivate::recolored(PGlyph glyph) const {
@@ -141,7 +145,7 @@ void PFontDrawHelperPrivate::cacheGlyphs(const std::basic_string<T>& text) {
     }
 }
 
-void PFontDrawHelperPrivate::makeImages(std::vector<PlacedGlyph>& placed, int y) {
+void PFontDrawHelperPrivate::makeImages(int y) {
     const long long deviceWidth = device->width();
     const long long deviceHeight = device->height();
     std::vector<unsigned int> whole;
@@ -191,8 +195,7 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
         }
         return *blank;
     };
-    std::vector<std::pair<unsigned int, const PGlyph*>> line;
-    line.reserve(text.size());
+    line.clear();
     long long total = 0;
     int lineHeight = 0;
     for (T c : text) {
@@ -220,7 +223,7 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
     }
     // Characters are cut whole at the right; the glyphs of those past the limit are never made.
     const auto rightLimit = static_cast<unsigned int>(clip.x + clip.width);
-    std::vector<PlacedGlyph> placed;
+    placed.clear();
     int px = x;
     for (const auto& [code, glyph] : line) {
         if (static_cast<unsigned int>(px) > rightLimit) {
@@ -229,9 +232,10 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
         placed.push_back(PlacedGlyph{code, glyph, px, std::nullopt});
         px += glyph->metrics.horiAdvance + static_cast<int>(extra);
     }
-    makeImages(placed, y);
+    makeImages(y);
 
-    PPainter painter(device);
+    painter.end();
+    painter.begin(device);
     painter.setPen(PColor(pen, PColor::kNative));
     for (const PlacedGlyph& p : placed) {
         // A glyph that turned dull when its image was made keeps the place laid out for it.
@@ -243,6 +247,7 @@ void PFontDrawHelperPrivate::draw(const std::basic_string<T>& text, int& x, int&
                           static_cast<int>(glyph.width()), static_cast<int>(glyph.height()), glyph,
                           PPainter::kClipToSize);
     }
+    painter.end();
     x = px;
 }
 

@@ -30,9 +30,13 @@ bool PAbstractPaintDevice::copyRect(int, int, unsigned, unsigned, int, int) {
     return false;
 }
 
-void PAbstractPaintDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
-    for (unsigned i = 0; i < count; ++i) {
-        setPixel(x + static_cast<int>(i), y, loadPixel(pixels + 4 * i, 4));
+void PAbstractPaintDevice::putRect(int x, int y, const unsigned char* pixels, unsigned pitch,
+                                   unsigned width, unsigned height) {
+    for (unsigned row = 0; row < height; ++row, pixels += pitch) {
+        for (unsigned i = 0; i < width; ++i) {
+            setPixel(x + static_cast<int>(i), y + static_cast<int>(row),
+                     loadPixel(pixels + 4 * i, 4));
+        }
     }
 }
 

@@ -30,9 +30,11 @@ public:
     // Copies the rectangle at x, y to toX, toY on the same device; false, with nothing copied,
     // where either lies partly off the device or the device can't.
     virtual bool copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY);
-    // Writes count pixels of 4 bytes each, low byte first, along the row from x, y; those off
-    // the device are dropped. Devices that hold their pixels copy the run; this one plots it.
-    virtual void putRow(int x, int y, const unsigned char* pixels, unsigned count);
+    // Writes width x height pixels of 4 bytes each, low byte first, their rows pitch bytes
+    // apart, with the first at x, y; those off the device are dropped. Devices that hold their
+    // pixels copy the rows; this one plots them.
+    virtual void putRect(int x, int y, const unsigned char* pixels, unsigned pitch, unsigned width,
+                         unsigned height);
     virtual unsigned char* pixelData() = 0;
     virtual const unsigned char* pixelData() const = 0;
     virtual PSize size() const { return PSize{width(), height()}; }

@@ -43,10 +43,10 @@ bool PAbstractPaintDeviceWrapper::copyRect(int x, int y, unsigned width, unsigne
     return wrapped && wrapped->copyRect(x, y, width, height, toX, toY);
 }
 
-void PAbstractPaintDeviceWrapper::putRow(int x, int y, const unsigned char* pixels,
-                                         unsigned count) {
+void PAbstractPaintDeviceWrapper::putRect(int x, int y, const unsigned char* pixels, unsigned pitch,
+                                          unsigned width, unsigned height) {
     if (wrapped) {
-        wrapped->putRow(x, y, pixels, count);
+        wrapped->putRect(x, y, pixels, pitch, width, height);
     }
 }
 

@@ -17,7 +17,8 @@ public:
     void fill(unsigned int value) override;
     void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
     bool copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) override;
-    void putRow(int x, int y, const unsigned char* pixels, unsigned count) override;
+    void putRect(int x, int y, const unsigned char* pixels, unsigned pitch, unsigned width,
+                 unsigned height) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     PByteArray data() const override;

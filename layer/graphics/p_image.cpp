@@ -125,16 +125,22 @@ bool PImage::copyRect(int x, int y, unsigned width, unsigned height, int toX, in
                     height, toX, toY);
 }
 
-void PImage::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
+void PImage::putRect(int x, int y, const unsigned char* pixels, unsigned pitch, unsigned width,
+                     unsigned height) {
     const unsigned long long size = static_cast<unsigned long long>(d->width) * d->height;
     int left = x;
-    unsigned height = 1;
+    int top = y;
     if (size == 0 || d->pixels.size() != size * d->bytesPerPixel || d->bytesPerPixel != 4 ||
-        !clip(left, y, count, height, d->width, d->height)) {
+        !clip(left, top, width, height, d->width, d->height)) {
         return;
     }
-    std::memcpy(pixelData() + static_cast<size_t>(y) * d->pitch + static_cast<size_t>(left) * 4,
-                pixels + 4 * static_cast<size_t>(left - x), 4 * static_cast<size_t>(count));
+    unsigned char* target =
+        pixelData() + static_cast<size_t>(top) * d->pitch + static_cast<size_t>(left) * 4;
+    const unsigned char* source =
+        pixels + static_cast<size_t>(top - y) * pitch + 4 * static_cast<size_t>(left - x);
+    for (unsigned row = 0; row < height; ++row, target += d->pitch, source += pitch) {
+        std::memcpy(target, source, 4 * static_cast<size_t>(width));
+    }
 }
 
 unsigned char* PImage::pixelData() {

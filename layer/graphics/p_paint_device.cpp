@@ -118,6 +118,7 @@ const unsigned char* PPaintDevice::pixelData() const {
     return d->buffer;
 }
 
-void PPaintDevice::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
-    PAbstractPaintDevice::putRow(x, y, pixels, count);
+void PPaintDevice::putRect(int x, int y, const unsigned char* pixels, unsigned pitch,
+                           unsigned width, unsigned height) {
+    PAbstractPaintDevice::putRect(x, y, pixels, pitch, width, height);
 }

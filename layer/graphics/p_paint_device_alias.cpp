@@ -165,6 +165,7 @@ PAbstractPaintDevice* PPaintDeviceAlias::device() {
     return d->target ? d->target->device() : this;
 }
 
-void PPaintDeviceAlias::putRow(int x, int y, const unsigned char* pixels, unsigned count) {
-    PAbstractPaintDevice::putRow(x, y, pixels, count);
+void PPaintDeviceAlias::putRect(int x, int y, const unsigned char* pixels, unsigned pitch,
+                                unsigned width, unsigned height) {
+    PAbstractPaintDevice::putRect(x, y, pixels, pitch, width, height);
 }

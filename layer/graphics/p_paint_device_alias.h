@@ -30,7 +30,8 @@ public:
     void fillRect(int x, int y, unsigned width, unsigned height, unsigned int value) override;
     bool copyRect(int x, int y, unsigned width, unsigned height, int toX, int toY) override;
     // Plotted, each pixel through setPixel.
-    void putRow(int x, int y, const unsigned char* pixels, unsigned count) override;
+    void putRect(int x, int y, const unsigned char* pixels, unsigned pitch, unsigned width,
+                 unsigned height) override;
     unsigned char* pixelData() override;
     const unsigned char* pixelData() const override;
     unsigned pitch() const override { return 0; }

@@ -102,13 +102,10 @@ void PPainter::drawImage(int x, int y, int w, int h, const PImage& image, int fl
                                       static_cast<unsigned>(std::max(h, 0))));
     }
     clip = clip.intersection(imageRect);
-    // Within the device the image's rows go over as runs; elsewhere pixel by pixel.
+    // Within the device the image's rows go over whole; elsewhere pixel by pixel.
     const unsigned char* pixels = image.pixelData();
     if (x >= 0 && y >= 0 && pixels && image.bytesPerPixel() == 4) {
-        for (unsigned dy = 0; dy < clip.height; ++dy) {
-            d->device->putRow(x, y + static_cast<int>(dy),
-                              pixels + static_cast<size_t>(dy) * image.pitch(), clip.width);
-        }
+        d->device->putRect(x, y, pixels, image.pitch(), clip.width, clip.height);
         return;
     }
     for (unsigned dy = 0; dy < clip.height; ++dy) {
