@@ -31,8 +31,14 @@ constexpr std::size_t kMinOwnCodeTokens = 512;
 // The most tokens of a stream, counted high, that goes as one block of fixed codes, unpriced:
 // most of a small picture's bytes come in matches.
 constexpr std::size_t kFixedOnlyTokens = 4096;
-// The fewest bytes of a band worth a general deflate.
+// The fewest bytes of a band worth a general deflate, and the most it takes at once: enough
+// for its matches to reach back across many lines, little beside the picture.
 constexpr std::size_t kMinBandBytes = 16 * 1024;
+constexpr std::size_t kBandChunkBytes = 4 * 1024 * 1024;
+// Past this many bytes of such lines in all, some 4 megapixels of a logo, they go one by one
+// like the others: the general deflate's time, some 2 ns a byte, then weighs more than the
+// stream it saves.
+constexpr std::size_t kMaxBandBytes = 16 * 1024 * 1024;
 constexpr unsigned char kFilterUp = 2;
 
 struct CodeRange {
@@ -890,7 +896,8 @@ void putBigEndian(std::vector<unsigned char>& out, unsigned value) {
 std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines,
                                                      const std::vector<std::size_t>& rows,
                                                      std::size_t lineBytes, std::size_t pixelBytes,
-                                                     bool upRepeats, const BandDeflate& band) {
+                                                     bool upRepeats, const BandDeflate& band,
+                                                     const std::vector<unsigned char>& inBand) {
     std::vector<unsigned char> out;
     out.reserve(rows.size() * lineBytes / 8 + 64);
     // zlib: deflate with a 32 KB window, no dictionary, the check bits of that.
@@ -911,32 +918,55 @@ std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines,
         upLine[0] = kFilterUp;
     }
     const unsigned char* above = nullptr;
-    // Lines before this one go one by one.
-    std::size_t unbanded = 0;
+    // A line as the stream has it, one by one.
+    const auto codeLine = [&](const unsigned char* line) {
+        encodeLine(blocks, line, above, lineBytes, pixelBytes);
+        adler.add(line, lineBytes, 1);
+        above = line;
+    };
+    // The lines of a band chunk, to the general deflate, or one by one where it fails. Lines
+    // that follow one another in lines go as they are; others are gathered.
+    std::vector<const unsigned char*> chunk;
+    std::vector<unsigned char> chunkBytes;
+    const auto flushChunk = [&]() {
+        const std::size_t size = chunk.size() * lineBytes;
+        const unsigned char* bytes = chunk.empty() ? nullptr : chunk.front();
+        if (chunk.size() > 1 && chunk.back() != bytes + size - lineBytes) {
+            chunkBytes.resize(size);
+            for (std::size_t n = 0; n < chunk.size(); ++n) {
+                std::memcpy(&chunkBytes[n * lineBytes], chunk[n], lineBytes);
+            }
+            bytes = chunkBytes.data();
+        }
+        if (size >= kMinBandBytes && spliceBand(blocks, band, bytes, size)) {
+            adler.add(bytes, size, 1);
+            above = chunk.back();
+        } else {
+            std::for_each(chunk.begin(), chunk.end(), codeLine);
+        }
+        chunk.clear();
+    };
+    const std::size_t chunkLines = std::max<std::size_t>(1, kBandChunkBytes / lineBytes);
+    std::size_t bandBytes = 0;
+    for (std::size_t i = 0; i < rows.size() && i < inBand.size(); ++i) {
+        bandBytes += inBand[i] ? rows[i] * lineBytes : 0;
+    }
+    const bool banding = band && !fixedOnly && bandBytes <= kMaxBandBytes;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const unsigned char* line = lines + i * lineBytes;
-        bool banded = false;
-        if (band && !fixedOnly && i >= unbanded) {
-            // Lines that each come once, up to one that may repeat, follow one another here as
-            // in the stream.
-            std::size_t last = i;
-            while (last + 1 < rows.size() && rows[last] == 1) {
-                ++last;
+        if (banding && i < inBand.size() && inBand[i]) {
+            for (std::size_t n = 0; n < rows[i]; ++n) {
+                chunk.push_back(n == 0 ? line : upRepeats ? upLine.data() : line);
+                if (chunk.size() == chunkLines) {
+                    flushChunk();
+                }
             }
-            const std::size_t bandBytes = (last - i + 1) * lineBytes;
-            banded = bandBytes >= kMinBandBytes && spliceBand(blocks, band, line, bandBytes);
-            if (banded) {
-                adler.add(line, bandBytes, 1);
-                i = last;
-                line = lines + i * lineBytes;
+            if (i + 1 == rows.size() || i + 1 >= inBand.size() || !inBand[i + 1]) {
+                flushChunk();
             }
-            unbanded = last + 1;
+            continue;
         }
-        if (!banded) {
-            encodeLine(blocks, line, above, lineBytes, pixelBytes);
-            adler.add(line, lineBytes, 1);
-        }
-        above = line;
+        codeLine(line);
         if (rows[i] == 1) {
             continue;
         }

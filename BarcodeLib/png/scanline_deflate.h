@@ -26,13 +26,15 @@ public:
     // lines holds each distinct line once, back to back; rows[i] is how many lines, one under
     // the other, line i stands for. The work grows with the distinct lines, not the picture.
     // With upRepeats a repeated line is written as the Up filter has it, all zeros but the
-    // filter byte, which costs less than a copy of a long line. Given band, a band of lines of
-    // their own, such as a logo's, goes to it: a general deflate finds more in such pictures than
-    // copies from the line or pixel before.
+    // filter byte, which costs less than a copy of a long line. Given band, each run of lines
+    // that inBand marks, such as a logo's, goes to it with their repeats, a few megabytes at a
+    // time: a general deflate finds more in such lines than copies from the line or pixel
+    // before.
     static std::vector<unsigned char> compress(const unsigned char* lines,
                                                const std::vector<std::size_t>& rows,
                                                std::size_t lineBytes, std::size_t pixelBytes,
-                                               bool upRepeats, const BandDeflate& band = {});
+                                               bool upRepeats, const BandDeflate& band = {},
+                                               const std::vector<unsigned char>& inBand = {});
 };
 
 }  // namespace BarcodeVelko
