@@ -35,10 +35,10 @@ constexpr std::size_t kFixedOnlyTokens = 4096;
 // for its matches to reach back across many lines, little beside the picture.
 constexpr std::size_t kMinBandBytes = 16 * 1024;
 constexpr std::size_t kBandChunkBytes = 4 * 1024 * 1024;
-// Past this many bytes of such lines in all, some 4 megapixels of a logo, they go one by one
-// like the others: the general deflate's time, some 2 ns a byte, then weighs more than the
-// stream it saves.
-constexpr std::size_t kMaxBandBytes = 16 * 1024 * 1024;
+// Past this many bytes of such lines in all, some 2000 rows of the widest picture, they go one
+// by one like the others: the general deflate takes some 2 ns a byte, three times as long, and
+// a logo that large would then keep its picture from coming within a second.
+constexpr std::size_t kMaxBandBytes = 64 * 1024 * 1024;
 constexpr unsigned char kFilterUp = 2;
 
 struct CodeRange {
