@@ -64,22 +64,31 @@ void AbstractBarcodeComposite::drawInLine(BarcodeCanvas* canvas, Direction direc
     if (canvas == nullptr) {
         throw BarcodeException::Unexpected();
     }
+    unsigned x0 = 0;
+    unsigned y0 = 0;
+    canvas->getXY(&x0, &y0);
+    drawRange(canvas, direction, 0, children.size(), x0, y0);
+    canvas->setXY(x0, y0);
+}
+
+unsigned AbstractBarcodeComposite::drawRange(BarcodeCanvas* canvas, Direction direction,
+                                             std::size_t first, std::size_t last, unsigned x,
+                                             unsigned y) {
+    if (canvas == nullptr || first > last || last > children.size()) {
+        throw BarcodeException::Unexpected();
+    }
     try {
-        unsigned x0 = 0;
-        unsigned y0 = 0;
-        canvas->getXY(&x0, &y0);
-        unsigned x = x0;
-        unsigned y = y0;
-        for (AbstractBarcodeElement* child : children) {
+        for (std::size_t i = first; i < last; ++i) {
+            AbstractBarcodeElement* child = children[i];
+            canvas->setXY(x, y);
             child->draw(canvas);
             if (direction == Direction::Across) {
                 x += child->getWidth();
             } else {
                 y += child->getHeight();
             }
-            canvas->setXY(x, y);
         }
-        canvas->setXY(x0, y0);
+        return direction == Direction::Across ? x : y;
     } catch (const std::exception&) {
         throw BarcodeException::Unexpected();
     }

@@ -46,6 +46,10 @@ protected:
     // heights (Down) of those before it. Where a child leaves the pen is not trusted, and the pen
     // goes back to where it started at the end.
     void drawInLine(BarcodeCanvas* canvas, Direction direction);
+    // Draws the children from first up to last, the first at (x, y), each moved on by the width
+    // (Across) or height (Down) of the one before; gives the place after the last, x or y.
+    unsigned drawRange(BarcodeCanvas* canvas, Direction direction, std::size_t first,
+                       std::size_t last, unsigned x, unsigned y);
 
     std::vector<AbstractBarcodeElement*> children;
 

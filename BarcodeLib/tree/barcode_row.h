@@ -14,8 +14,9 @@ public:
     void draw(BarcodeCanvas* canvas) override;
 
 private:
-    // The height that every child covers, the least of theirs, when all are runs; 0 otherwise.
-    unsigned runsHeight() const;
+    // The stretch of runs from child first on, up to last: the height that each of them covers,
+    // the least of theirs (0 for none, last then first).
+    unsigned runsHeight(std::size_t first, std::size_t& last) const;
 };
 
 }  // namespace BarcodeVelko
