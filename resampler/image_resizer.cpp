@@ -8,6 +8,9 @@
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
+#if defined(__x86_64__) && defined(__GNUC__)
+#include <cpuid.h>
+#endif
 
 namespace avir {
 
@@ -48,20 +51,15 @@ struct LineBuffer {
     }
 };
 
-// Where the loader picks a function's version by the processor, the column pass takes the
-// widest vectors there are. Without fused multiply-adds, each sum is the same in every version.
-#if defined(__x86_64__) && defined(__linux__) && !defined(__ANDROID__) && defined(__GNUC__)
-#define VELKO_WIDEST_VECTORS __attribute__((target_clones("avx2", "default")))
-#else
-#define VELKO_WIDEST_VECTORS
-#endif
-
 // dst = the sum over the taps of tap t times the row of `count` values that starts t rows of
 // `stride` values after src. Blocks of a fixed length stay in registers through all taps, one
 // load a multiply-add, and become vector instructions even where the compiler vectorizes only
 // the cheapest loops; a long block keeps enough sums going at once to keep the adders busy.
-VELKO_WIDEST_VECTORS void sumRows(float* __restrict dst, const float* __restrict src, size_t stride,
-                                  size_t count, const float* taps, int tapCount) {
+// Without fused multiply-adds, each sum is the same whatever vectors the compiler picks.
+inline __attribute__((always_inline)) void sumRowsIn(float* __restrict dst,
+                                                     const float* __restrict src, size_t stride,
+                                                     size_t count, const float* taps,
+                                                     int tapCount) {
     constexpr size_t kBlock = 64;
     size_t e = 0;
     for (; e + kBlock <= count; e += kBlock) {
@@ -82,6 +80,46 @@ VELKO_WIDEST_VECTORS void sumRows(float* __restrict dst, const float* __restrict
         }
         dst[e] = sum;
     }
+}
+
+#if defined(__x86_64__) && defined(__GNUC__)
+__attribute__((target("avx2"))) void sumRowsAvx2(float* dst, const float* src, size_t stride,
+                                                 size_t count, const float* taps, int tapCount) {
+    sumRowsIn(dst, src, stride, count, taps, tapCount);
+}
+
+// Whether the processor and the system take AVX2: asked at the first logo rather than by a
+// resolver when the library loads, as cpuid is slow under a hypervisor.
+bool hasAvx2() {
+    unsigned a = 0;
+    unsigned b = 0;
+    unsigned c = 0;
+    unsigned d = 0;
+    if (__get_cpuid(1, &a, &b, &c, &d) == 0 || (c & bit_OSXSAVE) == 0 || (c & bit_AVX) == 0) {
+        return false;
+    }
+    unsigned low = 0;
+    unsigned high = 0;
+    __asm__("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
+    // The system saves the vector registers' upper halves.
+    if ((low & 6) != 6) {
+        return false;
+    }
+    return __get_cpuid_count(7, 0, &a, &b, &c, &d) != 0 && (b & bit_AVX2) != 0;
+}
+#endif
+
+// The column pass, in the widest vectors that the processor has.
+void sumRows(float* dst, const float* src, size_t stride, size_t count, const float* taps,
+             int tapCount) {
+#if defined(__x86_64__) && defined(__GNUC__)
+    static const bool avx2 = hasAvx2();
+    if (avx2) {
+        sumRowsAvx2(dst, src, stride, count, taps, tapCount);
+        return;
+    }
+#endif
+    sumRowsIn(dst, src, stride, count, taps, tapCount);
 }
 
 // Outputs begin to end of the step, the first of them at out; the input's ends are repeated.
