@@ -398,8 +398,8 @@ unsigned zlibCompress(std::vector<unsigned char>& out, const unsigned char* in, 
     return deflateBytes<kLevel>(out, in, inSize, true);
 }
 
-// A true-colour picture's band of lines of their own, a logo's, to the general deflate, which
-// makes it a third to a fifth the size that copies from the line or pixel before would.
+// A true-colour picture's lines of many colours, a logo's, to the general deflate, which makes
+// them a half to a third the size that copies from the line or pixel before would.
 const ScanlineDeflate::BandDeflate kBandDeflate = [](const unsigned char* in, size_t size,
                                                      std::vector<unsigned char>& out) {
     return deflateBytes<kBandLevel>(out, in, size, false) == 0;
@@ -651,10 +651,6 @@ unsigned encodeTrueColour(std::vector<unsigned char>& png, const unsigned char* 
     return writePng(png, lines, width, height, kTrueColourDepth,
                     opaque ? kTrueColour : kTrueColourWithAlpha, {}, {});
 }
-
-}  // namespace
-
-namespace {
 
 std::vector<unsigned char> encodePng(const unsigned char* pixels, unsigned width, unsigned height,
                                      const unsigned char* repeatedRows, int* error) {

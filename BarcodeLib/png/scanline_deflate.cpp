@@ -947,21 +947,22 @@ std::vector<unsigned char> ScanlineDeflate::compress(const unsigned char* lines,
         chunk.clear();
     };
     const std::size_t chunkLines = std::max<std::size_t>(1, kBandChunkBytes / lineBytes);
+    const auto marked = [&](std::size_t i) { return i < inBand.size() && inBand[i] != 0; };
     std::size_t bandBytes = 0;
-    for (std::size_t i = 0; i < rows.size() && i < inBand.size(); ++i) {
-        bandBytes += inBand[i] ? rows[i] * lineBytes : 0;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        bandBytes += marked(i) ? rows[i] * lineBytes : 0;
     }
     const bool banding = band && !fixedOnly && bandBytes <= kMaxBandBytes;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const unsigned char* line = lines + i * lineBytes;
-        if (banding && i < inBand.size() && inBand[i]) {
+        if (banding && marked(i)) {
             for (std::size_t n = 0; n < rows[i]; ++n) {
                 chunk.push_back(n == 0 ? line : upRepeats ? upLine.data() : line);
                 if (chunk.size() == chunkLines) {
                     flushChunk();
                 }
             }
-            if (i + 1 == rows.size() || i + 1 >= inBand.size() || !inBand[i + 1]) {
+            if (!marked(i + 1)) {
                 flushChunk();
             }
             continue;

@@ -1,5 +1,6 @@
 #include "layer/GS1/gs1.h"
 
+#include <cctype>
 #include <exception>
 #include <string>
 
@@ -23,10 +24,6 @@ struct Identifier {
     size_t digits;
 };
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // The first identifier in text from `from` on.
 bool findIdentifier(const std::string& text, size_t from, Identifier& found) {
     constexpr size_t kMinDigits = 2;
@@ -35,7 +32,7 @@ bool findIdentifier(const std::string& text, size_t from, Identifier& found) {
          open = text.find('(', open + 1)) {
         size_t digits = 0;
         while (digits < kMaxDigits && open + 1 + digits < text.size() &&
-               isDigit(text[open + 1 + digits])) {
+               std::isdigit(static_cast<unsigned char>(text[open + 1 + digits])) != 0) {
             ++digits;
         }
         // Fewer digits than were read would be followed by a digit, not by ")".
